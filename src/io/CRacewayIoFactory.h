@@ -1,0 +1,25 @@
+#ifndef TORNIK_IO_CRACEWAYIOFACTORY_H
+#define TORNIK_IO_CRACEWAYIOFACTORY_H
+
+#include <memory>
+
+class CRacewayIo;
+class QByteArray;
+
+/** Makes interfaces, from nothing or from a settings blob. The caller owns the result. */
+class CRacewayIoFactory
+{
+public:
+    static std::unique_ptr<CRacewayIo> createParallelPort();
+    static std::unique_ptr<CRacewayIo> createParallelPort(int baseAddress, int inputOffset, int outputOffset);
+    static std::unique_ptr<CRacewayIo> createCarreraCu();
+
+    /**
+     * Makes the class of the blob's type code and lets it load the blob. An unknown code, that of
+     * an empty blob included, gives a parallel port.
+     * @return never null
+     */
+    static std::unique_ptr<CRacewayIo> createFromSettings(const QByteArray& blob);
+};
+
+#endif

@@ -1,0 +1,157 @@
+#ifndef TORNIK_RACE_CRACE_H
+#define TORNIK_RACE_CRACE_H
+
+#include "race/CEndCondition.h"
+#include "race/CRaceEvent.h"
+#include "race/CRaceMembers.h"
+#include "race/CRaceSettings.h"
+#include "race/CRaceStart.h"
+#include "race/CRacewayOutputs.h"
+#include "race/CWinningCondition.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+class CCarreraCuStatusEvent;
+class CDriveThroughEvent;
+class CRacewayIo;
+class CSettings;
+
+/**
+ * Runs the race: owns the members, the start procedure, the end and winning conditions and the
+ * hardware interface.
+ *
+ * Sensor events arrive as posted events, go through the members and come out as CRaceEvents and a
+ * few signals. One object for the life of the program, owned by the start object; each race
+ * rebuilds everything inside it. Lives in the main thread; reading threads reach it by posted
+ * events alone.
+ */
+class CRace : public QObject
+{
+    Q_OBJECT
+
+public:
+    /**
+     * @param settings read for the speed unit; not owned
+     * @param raceSettings rules of the next race; not owned
+     */
+    CRace(CSettings* settings, CRaceSettings* raceSettings, QObject* parent = nullptr);
+    ~CRace() override;
+
+    int numberOfMembers() const { return int(m_members.size()); }
+    /** @return a copy of the member; a default-built one for an index outside the list. */
+    CRaceMember raceMember(int index) const;
+    CRaceSettings raceSettingsCopy() const { return *m_raceSettings; }
+    /** Ignored while a race is active. */
+    void setRaceSettings(const CRaceSettings& settings);
+    /** @return the time last shown. */
+    QTime raceTime() const { return m_raceTime; }
+    /** @return the moment of the start. */
+    QDateTime raceDateTime() const { return m_raceDateTime; }
+    bool isRaceActive() const { return m_raceActive; }
+    bool isPaused() const { return m_paused; }
+
+    /** @return never null, before the first race too. */
+    const CRaceStart* raceStart() const { return m_raceStart.get(); }
+    const CEndCondition* endCondition() const { return m_endCondition.get(); }
+    const CWinningCondition* winningCondition() const { return m_winningCondition.get(); }
+    const CSettings* settings() const { return m_settings; }
+    /** @return the present interface; null until created. */
+    CRacewayIo* io() const { return m_io.get(); }
+
+public Q_SLOTS:
+    void vStop();
+    void vStartRecordedRace(const QString& raceName);
+    void vStartQuickRace();
+    void vPause();
+    void vResume();
+    void vReset();
+    /** Stores the race in the database. */
+    void saveToDatabase(const QString& raceName);
+    /** Writes the race to a CSV file; a file that can't be opened leaves no trace. */
+    void saveToCsv(const QString& pathAndFilename);
+    void allTracksPower(bool powerOn);
+    /** @param trackNum track number from 0; out of range is ignored */
+    void trackPower(int trackNum, bool powerOn);
+    void trackPowerToggle(int trackNum);
+    /** Rebuilds members and interface for the raceway of the settings. */
+    void adaptToRaceway();
+
+Q_SIGNALS:
+    /** @param iAction a CLightAction */
+    void UpdateLights(int iAction);
+    void RaceStarted();
+    void RecordedRaceStarted();
+    void RaceStopped();
+    void RacePaused();
+    void RaceResumed();
+    void UpdateRaceTime(const QTime& time);
+    void RaceEventHappened(const CRaceEvent& event);
+    /** A line for the user; empty at vReset(). */
+    void raceInfoText(const QString& text);
+    void trackPowerStateChanged(int trackNum, bool powerOn);
+
+protected:
+    void customEvent(QEvent* event) override;
+
+private Q_SLOTS:
+    void vStartLightsUpdate(int iAction);
+    void endConditionIsMet();
+    void vOneSecondEvent();
+    void vNewBestLapHappened();
+    void vDriveThroughHappened();
+    void vFuelTankEmpty();
+    void vFuelTankOnReserve();
+    void vUpdateRaceMember(int track, int lapKind);
+    void vHandleRaceStartTrigger();
+    void stutterFrequencyTimerTimeout();
+    void raceMemberRefuelHappened(int track);
+    void vStart();
+
+private:
+    void buildMembers();
+    std::unique_ptr<CRaceMember> buildMember(int track);
+    void setUpInterface();
+    void setUpPower();
+    void setAllStatus(CRaceMemberStatus status);
+    void applyLights(int iAction);
+    void prepareCarFuel(CCar& car) const;
+    void checkEmptyTank(int track);
+    bool hasReachedLapLimit(const CRaceMember& member) const;
+    void processDriveThrough(const CDriveThroughEvent& event);
+    void processChaosButton(const CDriveThroughEvent& event);
+    void processMember(int track, const CDriveThroughEvent& event);
+    void processControlUnitStatus(const CCarreraCuStatusEvent& event);
+    void storeFinishedRace();
+
+    CRaceMembers m_members;
+    CSettings* m_settings;
+    CRaceSettings* m_raceSettings;
+    std::unique_ptr<CRacewayIo> m_io;
+    bool m_raceActive = false;
+    QElapsedTimer m_raceClock;
+    QTime m_raceTime{0, 0};
+    QTimer m_oneSecondTimer;
+    QTimer m_stutterTimer;
+    QDateTime m_raceDateTime;
+    int m_pausedTime = 0; ///< milliseconds gathered before the last pause
+    QString m_raceName;
+    bool m_recordedRace = false;
+    std::unique_ptr<CRaceStart> m_raceStart;
+    std::unique_ptr<CEndCondition> m_endCondition;
+    std::unique_ptr<CWinningCondition> m_winningCondition;
+    bool m_chaosButtonEnabled = false;
+    bool m_powerSwitchable = false;
+    bool m_powerOffOnEmptyTank = false;
+    bool m_stutterOnEmptyTank = false;
+    bool m_stutterPowerState = false;
+    bool m_paused = false;
+    quint32 m_lastChaosTime = 0;
+    CRacewayOutputs m_outputs;
+};
+
+#endif

@@ -1,0 +1,6 @@
+#include "shell/CClickableLabel.h"
+
+void CClickableLabel::mousePressEvent(QMouseEvent*)
+{
+    Q_EMIT clicked();
+}
