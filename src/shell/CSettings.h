@@ -129,6 +129,11 @@ public:
     friend QDataStream& operator>>(QDataStream& stream, CSettings& settings);
 
 private:
+    template <typename Settings, typename Visitor>
+    static void visitStoredKeys(Settings& settings, Visitor& visit);
+    template <typename Settings, typename Visitor>
+    static void visitStreamFields(Settings& settings, const Visitor& visit);
+
     QString m_newBestLapSound;
     QString m_driveThroughSound;
     QString m_redLightSound;
