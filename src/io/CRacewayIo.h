@@ -78,7 +78,10 @@ public:
      * in which @p mask differs from it too.
      */
     bool isSensorClosed(int value, int mask) const;
-    /** Tests every input's mask against a port value. @return 65 bits, kept in `sensors` too. */
+    /**
+     * Tests the mask of each of the 49 inputs against a port value.
+     * @return 65 bits, kept in `sensors` too
+     */
     QBitArray decodePortValue(int value);
 
 protected:
@@ -88,13 +91,18 @@ protected:
 
     QObject* receiver() const { return m_receiver; }
     void setInterfaceType(int interfaceType) { m_interfaceType = interfaceType; }
-    /** Sets every mask of the inputs 1 to 9 and 25 to 64, every output mask and the shadow. */
+    /** Sets the open state, with it the shadow, and all input and output masks; inverts nothing. */
     void setAllMasks(int portOpen, int inputs, int outputs);
+    /** What processIoEvent() is for the interfaces whose sensors are masks of a port value. */
+    void processPortEvent(QEvent* event);
 
     int outputShadow() const { return m_outputShadow; }
     void setOutputShadow(int value) { m_outputShadow = value; }
 
-    /** The sections of the blob that all interfaces share: base masks, outputs, invert flags. */
+    /**
+     * The sections of the blob that all interfaces share: base masks, outputs, invert flags. As by
+     * setPortState(), the open state that is read becomes the state to which the outputs return.
+     */
     void readMasks(QDataStream& stream);
     void writeMasks(QDataStream& stream) const;
     /** The sections behind them: fuel, sector and end masks. */
@@ -105,6 +113,8 @@ protected:
 
 private:
     friend class CRacewayIoFactory;
+
+    void readMask(QDataStream& stream, int portId);
 
     QObject* m_receiver = nullptr;
     int m_interfaceType;

@@ -1,0 +1,34 @@
+#include "io/CPortRegisters.h"
+
+#include "io/CInpOutRegisters.h"
+#include "io/CPpdevRegisters.h"
+#include "io/IoLog.h"
+
+std::unique_ptr<CPortRegisters> CPortRegisters::create()
+{
+    auto library = std::make_unique<CInpOutRegisters>();
+    if (library->isLoaded())
+        return library;
+    auto kernel = std::make_unique<CPpdevRegisters>();
+    if (kernel->portCount() > 0)
+        return kernel;
+    return std::make_unique<CNoPortRegisters>();
+}
+
+short CNoPortRegisters::read(short address)
+{
+    tellOnce(address);
+    return ReadValue;
+}
+
+void CNoPortRegisters::write(short address, short)
+{
+    tellOnce(address);
+}
+
+void CNoPortRegisters::tellOnce(short address)
+{
+    if (m_told.load(std::memory_order_relaxed) || m_told.exchange(true))
+        return;
+    qCDebug(ioLog).nospace() << "no parallel port with the register 0x" << Qt::hex << quint16(address);
+}

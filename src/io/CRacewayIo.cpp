@@ -1,0 +1,132 @@
+#include "io/CRacewayIo.h"
+
+#include "io/CCarreraCuEvents.h"
+#include "io/CDriveThroughEvent.h"
+#include "io/CRacewayIoEvent.h"
+
+#include <QCoreApplication>
+#include <QDataStream>
+
+namespace {
+
+bool isValid(int portId)
+{
+    return portId >= 0 && portId < PortId::Count;
+}
+
+bool isInput(int portId)
+{
+    return portId != PortId::Open && !PortId::isOutput(portId);
+}
+
+} // namespace
+
+CRacewayIo::CRacewayIo(int interfaceType, QObject* parent)
+    : QObject(parent), sensors(PortId::Count), m_interfaceType(interfaceType)
+{
+}
+
+void CRacewayIo::customEvent(QEvent* event)
+{
+    if (event->type() == CRacewayIoEvent::EventType || event->type() == CCarreraCuEvent::EventType)
+        processIoEvent(event);
+    else
+        QObject::customEvent(event);
+}
+
+int CRacewayIo::portState(int portId) const
+{
+    return isValid(portId) ? m_masks[std::size_t(portId)] : 0;
+}
+
+int CRacewayIo::setPortState(int portId, int value, bool inverted)
+{
+    if (!isValid(portId))
+        return value;
+    m_masks[std::size_t(portId)] = value;
+    if (PortId::isOutput(portId))
+        m_inverted[std::size_t(portId)] = inverted;
+    if (portId == PortId::Open)
+        m_outputShadow = value;
+    return value;
+}
+
+bool CRacewayIo::isInverted(int portId) const
+{
+    return PortId::isOutput(portId) && m_inverted[std::size_t(portId)];
+}
+
+bool CRacewayIo::isSensorClosed(int value, int mask) const
+{
+    const int open = portState(PortId::Open);
+    const int changed = open ^ value;
+    return (mask & changed) != (open & changed);
+}
+
+QBitArray CRacewayIo::decodePortValue(int value)
+{
+    sensors.fill(false);
+    for (int id = 0; id < PortId::Count; ++id) {
+        if (isInput(id) && isSensorClosed(value, portState(id)))
+            sensors.setBit(id);
+    }
+    return sensors;
+}
+
+void CRacewayIo::processPortEvent(QEvent* event)
+{
+    if (event->type() != CRacewayIoEvent::EventType)
+        return;
+    const auto* raw = static_cast<const CRacewayIoEvent*>(event);
+    QCoreApplication::postEvent(m_receiver,
+                                new CDriveThroughEvent(decodePortValue(raw->value()), raw->time()));
+}
+
+void CRacewayIo::setAllMasks(int portOpen, int inputs, int outputs)
+{
+    setPortState(PortId::Open, portOpen, false);
+    for (int id = PortId::Open + 1; id < PortId::Count; ++id)
+        setPortState(id, PortId::isOutput(id) ? outputs : inputs, false);
+}
+
+void CRacewayIo::readMask(QDataStream& stream, int portId)
+{
+    qint32 mask = 0;
+    stream >> mask;
+    setPortState(portId, mask, false);
+}
+
+void CRacewayIo::readMasks(QDataStream& stream)
+{
+    readMask(stream, PortId::Open);
+    readMask(stream, PortId::ChaosButton);
+    for (int id = PortId::FirstLapSensor; id < PortId::ChaosButton; ++id)
+        readMask(stream, id);
+    for (int id = PortId::FirstTrackPower; id <= PortId::ChaosSignal; ++id)
+        readMask(stream, id);
+    for (int id = PortId::FirstTrackPower; id <= PortId::ChaosSignal; ++id)
+        stream >> m_inverted[std::size_t(id)];
+}
+
+void CRacewayIo::writeMasks(QDataStream& stream) const
+{
+    stream << qint32(portState(PortId::Open)) << qint32(portState(PortId::ChaosButton));
+    for (int id = PortId::FirstLapSensor; id < PortId::ChaosButton; ++id)
+        stream << qint32(portState(id));
+    for (int id = PortId::FirstTrackPower; id <= PortId::ChaosSignal; ++id)
+        stream << qint32(portState(id));
+    for (int id = PortId::FirstTrackPower; id <= PortId::ChaosSignal; ++id)
+        stream << isInverted(id);
+}
+
+void CRacewayIo::readTimingMasks(QDataStream& stream)
+{
+    for (int id = PortId::FirstFuelSensor; id < PortId::Count; ++id)
+        readMask(stream, id);
+}
+
+void CRacewayIo::writeTimingMasks(QDataStream& stream) const
+{
+    for (int id = PortId::FirstFuelSensor; id < PortId::Count; ++id)
+        stream << qint32(portState(id));
+}
