@@ -73,8 +73,10 @@ private:
 } // namespace
 
 CSettings::CSettings()
-    : m_newBestLapSound(DefaultNewBestLapSound), m_driveThroughSound(DefaultDriveThroughSound),
-      m_redLightSound(DefaultRedLightSound), m_greenLightSound(DefaultGreenLightSound),
+    : m_newBestLapSound(DefaultNewBestLapSound),
+      m_driveThroughSound(DefaultDriveThroughSound),
+      m_redLightSound(DefaultRedLightSound),
+      m_greenLightSound(DefaultGreenLightSound),
       m_colorBestLapAndStatus(DefaultColorBestLapAndStatus)
 {
     for (int track = 0; track < Tracks; ++track)
