@@ -1,0 +1,68 @@
+#ifndef TORNIK_SHELL_CRICHLABEL_H
+#define TORNIK_SHELL_CRICHLABEL_H
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <QWidget>
+
+/**
+ * A label of a fixed size that paints its text centred in itself; a text that is too wide is cut on
+ * both sides.
+ *
+ * Made for figures that change with every lap: a new text repaints this widget and nothing else,
+ * and never moves a layout. A setter that changes nothing costs nothing. Owned by its Qt parent.
+ */
+class CRichLabel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CRichLabel(QWidget* parent = nullptr);
+    CRichLabel(const QString& text, const QColor& color, QWidget* parent = nullptr);
+
+    QString text() const { return m_text; }
+    void setText(const QString& text);
+
+    /** @return the size that restoreFont() goes back to, in points. */
+    int pointSize() const { return m_pointSize; }
+    void setPointSize(int pointSize);
+    /** Shows the text in a percentage of pointSize(), cut to whole points. */
+    void scaleFont(int percent);
+    void restoreFont();
+    /** @param percent width of the letters, 100 as designed */
+    void setStretch(int percent);
+
+    QColor color() const { return m_color; }
+    void setColor(const QColor& color);
+    void setColor(const QString& name) { setColor(QColor(name)); }
+
+    /** Hides the font of QWidget: a style sheet doesn't touch this one. */
+    const QFont& font() const { return m_font; }
+    /** Its size becomes pointSize(). */
+    void setFont(const QFont& font);
+
+    /** @param width pixels */
+    void setWidth(int width);
+    /** @param height pixels */
+    void setHeight(int height);
+
+    QSize sizeHint() const override { return {m_width, m_height}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void applyFont(const QFont& font);
+    void measure();
+
+    int m_pointSize = 10;
+    QColor m_color;
+    QString m_text;
+    QFont m_font{QStringLiteral("Arial"), 10, QFont::Bold};
+    int m_width = 182;
+    int m_height = 85;
+    QSize m_textSize; ///< of the text in the font; invalid until measured
+};
+
+#endif
