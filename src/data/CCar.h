@@ -59,7 +59,9 @@ public:
     int fuelPercent() const { return m_fuelTank.percent(); }
     /** A value of 101 and above is ignored. */
     void setFuelPercent(int percent) { m_fuelTank.setPercent(percent); }
-    /** @param lapTime milliseconds */
+    /** Fills the tank by an amount, up to its size. */
+    void addFuel(double amount) { m_fuelTank.addFuel(amount); }
+    /** Lets the tank consume for one lap. @param lapTime milliseconds */
     CFuelTank::LapResult consumeLap(quint32 lapTime) { return m_fuelTank.consumeLap(lapTime); }
 
 private:

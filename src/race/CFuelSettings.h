@@ -48,7 +48,41 @@ public:
     int emptyFuelStutterFrequency() const { return m_emptyFuelStutterFrequency; }
     void setEmptyFuelStutterFrequency(int frequency) { m_emptyFuelStutterFrequency = frequency; }
 
+    /** Fills all values through a visitor of RaceSettingsForms.h. */
+    template <typename Visitor>
+    void readFrom(Visitor& visit)
+    {
+        visitAll(*this, visit);
+        setFuelFunction(m_fuelFunction);
+        setEmptyFuelReaction(m_emptyFuelReaction);
+    }
+    /** Hands all values to a visitor of RaceSettingsForms.h. */
+    template <typename Visitor>
+    void writeTo(Visitor& visit) const
+    {
+        visitAll(*this, visit);
+    }
+
 private:
+    /** The values in the order of the store and the text, which isn't that of the fields. */
+    template <typename Settings, typename Visitor>
+    static void visitAll(Settings& settings, Visitor& visit)
+    {
+        visit("fuelFunction", settings.m_fuelFunction, 0);
+        visit("maxFuelUsageAmount", settings.m_maxFuelUsageAmount, 5.0);
+        visit("maxFuelUsageTime", settings.m_maxFuelUsageTime, QTime(0, 0, 4, 500));
+        visit("minFuelUsageAmount", settings.m_minFuelUsageAmount, 1.0);
+        visit("minFuelUsageTime", settings.m_minFuelUsageTime, QTime(0, 0, 7, 500));
+        visit("refuelAmount", settings.m_refuelAmount, 20.0);
+        visit("refuelInterval", settings.m_refuelInterval, QTime(0, 0, 0, 500));
+        // Required: a fresh store gives 20, a new record 100.
+        visit("tankSize", settings.m_tankSize, 20.0);
+        visit("reserveLevel", settings.m_reserveLevel, 20.0);
+        visit("emptyFuelReaction", settings.m_emptyFuelReaction, 0);
+        visit("emptyFuelPenaltyTime", settings.m_emptyFuelPenaltyTime, QTime(0, 0, 5));
+        visit("emptyFuelStutterFrequency", settings.m_emptyFuelStutterFrequency, 5);
+    }
+
     int m_fuelFunction = NoFuel;
     QTime m_refuelInterval{0, 0, 0, 500};
     double m_refuelAmount = 20.0;

@@ -28,6 +28,8 @@ struct CLapTime
     void clear();
 };
 
+Q_DECLARE_TYPEINFO(CLapTime, Q_PRIMITIVE_TYPE);
+
 /** Stream form: eight 32-bit integers, stamps first; see the definition. */
 QDataStream& operator<<(QDataStream& stream, const CLapTime& lap);
 QDataStream& operator>>(QDataStream& stream, CLapTime& lap);

@@ -113,8 +113,11 @@ public:
     int emptyPenaltyTime() const { return m_emptyPenaltyTime; }
     void setEmptyPenaltyTime(int milliseconds) { m_emptyPenaltyTime = milliseconds; }
 
+    /** @return whether an empty tank keeps laps from being counted. */
     bool lapCountingBlocked() const { return m_lapCountingBlocked; }
+    /** @return milliseconds added to the end of each lap; 0 for none. */
     int activePenalty() const { return m_activePenalty; }
+    /** @return whether a lap has begun and has not ended yet. */
     bool lapOpen() const { return m_lapOpen; }
     bool isStopped() const { return m_stopped; }
     bool isRefuelling() const { return m_refuelTimer.isActive(); }
@@ -181,9 +184,13 @@ private Q_SLOTS:
 
 private:
     CLapSensorFlags processSectorSensors(const QBitArray& sensors, quint32 time);
+    CLapSensorFlags beginLap(quint32 time);
     bool acceptsEnd(quint32 time) const;
     CLapSensorFlags endLap(quint32 time);
+    CLapSensorFlags rateLap();
+    CLapSensorFlags consumeFuel();
     void reactToEmptyTank();
+    CLapTime lastLap() const;
 
     CCar m_car;
     CRacewayTrack m_track;

@@ -45,6 +45,7 @@ public:
 
     /** @return the values in one line, for the column `races.settings`; times lose milliseconds. */
     QString toText() const;
+    /** A word that is missing or can't be read leaves its value alone. */
     void fromText(const QString& text);
 
     /** @return 0 flying start, 1 timed start with lights. */
@@ -102,6 +103,17 @@ public:
     void setLeavePowerOnWhenRaceStopped(bool on) { m_leavePowerOnWhenRaceStopped = on; }
 
 private:
+    friend QDataStream& operator<<(QDataStream& stream, const CRaceSettings& settings);
+    friend QDataStream& operator>>(QDataStream& stream, CRaceSettings& settings);
+
+    // The values of the store and of the text, in their order; see RaceSettingsForms.h.
+    template <typename Settings, typename Visitor>
+    static void visitRules(Settings& settings, Visitor& visit);
+    template <typename Settings, typename Visitor>
+    static void visitDataStorage(Settings& settings, Visitor& visit);
+    template <typename Settings, typename Visitor>
+    static void visitRaceStopped(Settings& settings, Visitor& visit);
+
     void readFrom(QSettings& store);
     void writeTo(QSettings& store) const;
 

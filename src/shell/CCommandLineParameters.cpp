@@ -13,10 +13,10 @@ QString text(const char* source)
 QList<QCommandLineOption> options()
 {
     return {
-        {"quickRace", text(QT_TRANSLATE_NOOP(
-                          "main", "startet direkt ein schnelles Rennen mit Default Einstellungen"))},
-        {"windowed", text(QT_TRANSLATE_NOOP(
-                         "main", "startet das Programm als Fenster anstelle von Vollbild Modus."))},
+        {"quickRace",
+         text(QT_TRANSLATE_NOOP("main", "startet direkt ein schnelles Rennen mit Default Einstellungen"))},
+        {"windowed",
+         text(QT_TRANSLATE_NOOP("main", "startet das Programm als Fenster anstelle von Vollbild Modus."))},
         {"connect",
          text(QT_TRANSLATE_NOOP(
              "main", "Startet als Anzeige für Daten von <server_adresse>. <server_adresse> muß die "

@@ -59,15 +59,15 @@ void tst_CTranslationCatalogue::onlyEnglishHasACatalogue()
 {
     QFETCH(bool, found);
     QTranslator translator;
-    QCOMPARE(CTranslationCatalogue::load(translator, QLocale(QTest::currentDataTag()), {catalogueDirectory()}),
-             found);
+    QCOMPARE(
+        CTranslationCatalogue::load(translator, QLocale(QTest::currentDataTag()), {catalogueDirectory()}),
+        found);
 }
 
 void tst_CTranslationCatalogue::takesTheSecondDirectoryIfTheFirstHasNone()
 {
     QTranslator translator;
-    QVERIFY(
-        CTranslationCatalogue::load(translator, QLocale("en"), {"/nonexistent", catalogueDirectory()}));
+    QVERIFY(CTranslationCatalogue::load(translator, QLocale("en"), {"/nonexistent", catalogueDirectory()}));
 }
 
 void tst_CTranslationCatalogue::germanWithEnglishBehindItStaysGerman()
