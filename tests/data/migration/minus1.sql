@@ -1,0 +1,18 @@
+CREATE TABLE raceways (id INTEGER PRIMARY KEY AUTOINCREMENT, name VARCHAR(255), scale INTEGER, noOfTracks INTEGER, portOpenState INTEGER, chaosButtonState INTEGER, chaosButtonAvailable BOOLEAN, chaosPhaseOutputAvailable BOOLEAN, pwrOffFeatureAvailable BOOLEAN, externalLightsAvailable BOOLEAN, separateFuelSensorsAvailable BOOLEAN, ioSettings Text, currentRw VARCHAR(255));
+INSERT INTO raceways(id, name, scale, noOfTracks, portOpenState, chaosButtonState, chaosButtonAvailable, chaosPhaseOutputAvailable, pwrOffFeatureAvailable, externalLightsAvailable, separateFuelSensorsAvailable, ioSettings, currentRw) VALUES(5, 'Keller', 24, 1, 127, 63, 1, 0, 1, 0, 1, 'AAAAAQ==|end_stream|', 'x');
+INSERT INTO raceways(id, name, scale, noOfTracks, portOpenState, chaosButtonState, chaosButtonAvailable, chaosPhaseOutputAvailable, pwrOffFeatureAvailable, externalLightsAvailable, separateFuelSensorsAvailable, ioSettings, currentRw) VALUES(2, 'Dachboden', 32, 1, 255, 0, 0, 1, 0, 1, 0, '', '');
+CREATE TABLE tracks (id INTEGER PRIMARY KEY AUTOINCREMENT, racewayId INTEGER, noOfTrack INTEGER, length INTEGER, portClosedState INTEGER, fuelSensorClosedState INTEGER);
+INSERT INTO tracks(id, racewayId, noOfTrack, length, portClosedState, fuelSensorClosedState) VALUES(9, 5, 1, 1200, 126, 12);
+INSERT INTO tracks(id, racewayId, noOfTrack, length, portClosedState, fuelSensorClosedState) VALUES(10, 2, 1, 0, 254, 34);
+CREATE TABLE cars (id INTEGER PRIMARY KEY AUTOINCREMENT, name VARCHAR(255), type VARCHAR(255), class INTEGER, scale INTEGER, chassis VARCHAR(255), comment VARCHAR(255), tankSize REAL, tankReserveLevel REAL, minConsumption REAL, maxConsumption REAL);
+INSERT INTO cars(id, name, type, class, scale, chassis, comment, tankSize, tankReserveLevel, minConsumption, maxConsumption) VALUES(2, 'Rot', 'GT', 3, 32, 'Messing', 'alt', 80.0, 12.5, 1.25, 4.5);
+CREATE TABLE driver (id INTEGER PRIMARY KEY AUTOINCREMENT, name VARCHAR(255));
+CREATE TABLE races (id INTEGER PRIMARY KEY AUTOINCREMENT, date TEXT, name VARCHAR(255), settings TEXT);
+CREATE TABLE raceParticipants (id INTEGER PRIMARY KEY AUTOINCREMENT, raceId INTEGER, driverId INTEGER, trackId INTEGER, carId INTEGER);
+INSERT INTO driver(id, name) VALUES(1, 'Jörg');
+INSERT INTO driver(id, name) VALUES(4, 'Ann''e');
+INSERT INTO races(id, date, name, settings) VALUES(3, '2016-01-31T17:45:02', 'Winterpokal', '1,2,3');
+INSERT INTO raceParticipants(id, raceId, driverId, trackId, carId) VALUES(6, 3, 4, 9, 2);
+CREATE TABLE laps (id INTEGER PRIMARY KEY AUTOINCREMENT, participantId INTEGER, lapNumber INTEGER, time INTEGER);
+INSERT INTO laps(id, participantId, lapNumber, time) VALUES(1, 6, 1, 8531);
+INSERT INTO laps(id, participantId, lapNumber, time) VALUES(2, 6, 2, 7999);
