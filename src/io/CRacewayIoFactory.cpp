@@ -1,5 +1,6 @@
 #include "io/CRacewayIoFactory.h"
 
+#include "io/CCarreraCuIo.h"
 #include "io/CParallelPortIo.h"
 
 #include <QDataStream>
@@ -15,6 +16,12 @@ int typeOf(const QByteArray& blob)
     return type;
 }
 
+std::unique_ptr<CRacewayIo> loaded(std::unique_ptr<CRacewayIo> io, const QByteArray& blob)
+{
+    io->readSettings(blob);
+    return io;
+}
+
 } // namespace
 
 std::unique_ptr<CRacewayIo> CRacewayIoFactory::createParallelPort()
@@ -28,9 +35,16 @@ std::unique_ptr<CRacewayIo> CRacewayIoFactory::createParallelPort(int baseAddres
     return std::make_unique<CParallelPortIo>(baseAddress, inputOffset, outputOffset);
 }
 
+std::unique_ptr<CRacewayIo> CRacewayIoFactory::createCarreraCu()
+{
+    return std::make_unique<CCarreraCuIo>();
+}
+
 std::unique_ptr<CRacewayIo> CRacewayIoFactory::createFromSettings(const QByteArray& blob)
 {
     switch (typeOf(blob)) {
+    case CRacewayIo::CarreraCu:
+        return loaded(createCarreraCu(), blob);
     default:
         return std::make_unique<CParallelPortIo>(blob);
     }

@@ -1,0 +1,150 @@
+#include "io/CCarreraCuThread.h"
+
+#include "io/CCarreraCu.h"
+#include "io/CCarreraCuEvents.h"
+
+#include <QCoreApplication>
+#include <QMutexLocker>
+
+namespace {
+
+CCarreraCuThread* sharedThread = nullptr;
+int references = 0;
+
+QString pollText()
+{
+    return QStringLiteral("\"?");
+}
+
+} // namespace
+
+CCarreraCuThread* CCarreraCuThread::instance()
+{
+    if (references++ == 0)
+        sharedThread = new CCarreraCuThread; // freed by the last release()
+    return sharedThread;
+}
+
+void CCarreraCuThread::release()
+{
+    if (references == 0 || --references > 0)
+        return;
+    delete sharedThread;
+    sharedThread = nullptr;
+}
+
+CCarreraCuThread::CCarreraCuThread() : m_cu(CCarreraCu::instance()) {}
+
+CCarreraCuThread::~CCarreraCuThread()
+{
+    stop();
+    wait();
+    CCarreraCu::release();
+}
+
+void CCarreraCuThread::setTarget(QObject* target)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_target = target;
+}
+
+const QObject* CCarreraCuThread::target() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_target;
+}
+
+void CCarreraCuThread::setPortName(const QString& name)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_portName = name;
+}
+
+QString CCarreraCuThread::portName() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_portName;
+}
+
+void CCarreraCuThread::stop()
+{
+    // The request outlives the moment at which run() sets the flag: a stop that comes while the
+    // port is being opened must not be lost.
+    requestInterruption();
+    m_running = false;
+}
+
+void CCarreraCuThread::queueSwitch(bool on)
+{
+    queueCommand(on ? QStringLiteral("\":3F9$") : QStringLiteral("\":000$"));
+}
+
+void CCarreraCuThread::queueEquals101()
+{
+    queueCommand(QStringLiteral("\"=101$"));
+}
+
+void CCarreraCuThread::queueT22()
+{
+    queueCommand(QStringLiteral("\"T22$"));
+}
+
+void CCarreraCuThread::queueT11()
+{
+    queueCommand(QStringLiteral("\"T11$"));
+}
+
+void CCarreraCuThread::queueZero()
+{
+    queueCommand(QStringLiteral("\"0"));
+}
+
+void CCarreraCuThread::queueCommand(const QString& text)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_commands.append(text);
+}
+
+void CCarreraCuThread::run()
+{
+    const QString name = portName();
+    if (name.isEmpty())
+        return;
+    m_running = m_cu->openPort(name);
+    if (isInterruptionRequested())
+        m_running = false;
+    m_cu->queueText(pollText());
+    QString previous;
+    while (m_running) {
+        pass(&previous);
+        usleep(1);
+    }
+    m_cu->closePort();
+}
+
+void CCarreraCuThread::pass(QString* previous)
+{
+    if (m_cu->receiveFrame()) {
+        const QString text = m_cu->lastFrameText();
+        if (text != *previous)
+            postFrame(text);
+        *previous = text;
+    } else if (!m_cu->sendPending()) {
+        m_cu->queueText(takeNextText());
+        m_cu->sendPending();
+    }
+}
+
+void CCarreraCuThread::postFrame(const QString& text)
+{
+    // Under the lock: a target that takes itself out in the main thread gets nothing afterwards.
+    const QMutexLocker lock(&m_mutex);
+    if (m_target)
+        QCoreApplication::postEvent(m_target, new CCarreraCuEvent(text));
+}
+
+QString CCarreraCuThread::takeNextText()
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_commands.isEmpty() ? pollText() : m_commands.takeFirst();
+}
