@@ -28,7 +28,7 @@ struct CRaceEvent
     /** Every time 00:00:00.000, every number 0. */
     CRaceEvent();
     /** Only the type (and the sub-type) count: the times are null. */
-    explicit CRaceEvent(int type);
+    explicit CRaceEvent(int eventType);
 
     qint32 type = 0;
     qint32 subType = 0;
