@@ -2,8 +2,8 @@
 #define TORNIK_RACE_CENDCONDITION_H
 
 #include "race/CRaceMembers.h"
+#include "race/CStopwatch.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTime>
 #include <QTimer>
@@ -64,8 +64,11 @@ class CEndConditionTimeLimit : public CEndCondition
     Q_OBJECT
 
 public:
-    /** @param endTime the limit; its milliseconds don't count */
-    explicit CEndConditionTimeLimit(const QTime& endTime);
+    /**
+     * @param endTime the limit; its milliseconds don't count
+     * @param clock measures the time between two pauses
+     */
+    explicit CEndConditionTimeLimit(const QTime& endTime, const CStopwatch& clock = CStopwatch());
 
     void start() override;
     void pause() override;
@@ -80,8 +83,8 @@ private Q_SLOTS:
     void endTimerEventOccured();
 
 private:
-    QTimer m_endTimer;
-    QElapsedTimer m_clock;
+    QTimer m_endTimer{this};
+    CStopwatch m_clock;
     int m_remainingSeconds;
 };
 
@@ -101,6 +104,9 @@ public:
     QString description() const override;
 
 private:
+    void checkAllTracks();
+    void checkEachTrack();
+
     int m_numberOfLaps;
     bool m_allMaxRounds;
 };

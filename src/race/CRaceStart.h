@@ -73,7 +73,7 @@ private Q_SLOTS:
     void vStartTimerEventOccured();
 
 private:
-    QTimer m_startTimer;
+    QTimer m_startTimer{this};
     QTime m_startDelay;
     int m_remainingSeconds = 0;
     quint32 m_startLightsMinDelay;
