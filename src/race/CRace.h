@@ -7,19 +7,21 @@
 #include "race/CRaceSettings.h"
 #include "race/CRaceStart.h"
 #include "race/CRacewayOutputs.h"
+#include "race/CStopwatch.h"
 #include "race/CWinningCondition.h"
 
 #include <QDateTime>
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class CCarreraCuStatusEvent;
 class CDriveThroughEvent;
 class CRacewayIo;
 class CSettings;
+class QBitArray;
 
 /**
  * Runs the race: owns the members, the start procedure, the end and winning conditions and the
@@ -35,11 +37,22 @@ class CRace : public QObject
     Q_OBJECT
 
 public:
+    /** What the race takes from outside; a test hands in its own. */
+    struct Surroundings
+    {
+        /** Makes the interface of a settings blob; never null. */
+        std::function<std::unique_ptr<CRacewayIo>(const QByteArray&)> createIo;
+        CStopwatch::Source clock;
+    };
+
     /**
      * @param settings read for the speed unit; not owned
      * @param raceSettings rules of the next race; not owned
      */
     CRace(CSettings* settings, CRaceSettings* raceSettings, QObject* parent = nullptr);
+    CRace(CSettings* settings, CRaceSettings* raceSettings, Surroundings surroundings,
+          QObject* parent = nullptr);
+    /** Stops the interface; the settings may be gone already. */
     ~CRace() override;
 
     int numberOfMembers() const { return int(m_members.size()); }
@@ -114,29 +127,46 @@ private Q_SLOTS:
 
 private:
     void buildMembers();
-    std::unique_ptr<CRaceMember> buildMember(int track);
-    void setUpInterface();
-    void setUpPower();
-    void setAllStatus(CRaceMemberStatus status);
-    void applyLights(int iAction);
+    std::unique_ptr<CRaceMember> buildMember(int track) const;
+    void setUpSensors(CRaceMember& racer) const;
+    void setUpFuel(CRaceMember& racer) const;
     void prepareCarFuel(CCar& car) const;
-    void checkEmptyTank(int track);
-    bool hasReachedLapLimit(const CRaceMember& member) const;
+    void setUpInterface();
+    bool keepsInterface(const QByteArray& ioSettings) const;
+    void stopInterface();
+    void setUpPower();
+    void makeEndCondition();
+    void makeRaceStart();
+    void makeWinningCondition();
+
+    bool hasMember(int track) const { return track >= 0 && track < numberOfMembers(); }
+    CRaceMember& member(int track) const { return *m_members[std::size_t(track)]; }
+    void setAllStatus(CRaceMemberStatus status);
+    void startRaceClock();
+
     void processDriveThrough(const CDriveThroughEvent& event);
-    void processChaosButton(const CDriveThroughEvent& event);
-    void processMember(int track, const CDriveThroughEvent& event);
+    void processChaosButton(const QBitArray& sensors, quint32 time);
+    void processMember(int track, const QBitArray& sensors, quint32 time);
+    void processLapBegin(CRaceMember& racer);
+    int processLapEnd(CRaceMember& racer, CLapSensorFlags flags);
+    bool stopsCountingAtLimit() const;
+    void checkEmptyTank(int track);
     void processControlUnitStatus(const CCarreraCuStatusEvent& event);
+    int lapsToShow(const CRaceMember& racer) const;
+    int speedUnit() const;
+
     void storeFinishedRace();
 
+    Surroundings m_surroundings;
     CRaceMembers m_members;
     CSettings* m_settings;
     CRaceSettings* m_raceSettings;
     std::unique_ptr<CRacewayIo> m_io;
     bool m_raceActive = false;
-    QElapsedTimer m_raceClock;
+    CStopwatch m_raceClock;
     QTime m_raceTime{0, 0};
-    QTimer m_oneSecondTimer;
-    QTimer m_stutterTimer;
+    QTimer m_oneSecondTimer{this};
+    QTimer m_stutterTimer{this};
     QDateTime m_raceDateTime;
     int m_pausedTime = 0; ///< milliseconds gathered before the last pause
     QString m_raceName;

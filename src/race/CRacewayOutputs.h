@@ -23,6 +23,7 @@ public:
     void setChaosSignal(bool on);
 
 private:
+    void switchNextRedLamp();
     void switchRedLamps(bool on);
 
     CRacewayIo* m_io = nullptr;
