@@ -33,9 +33,7 @@ QList<CRacewayTrack> readTracks(QDataStream& stream)
 
 } // namespace
 
-CRaceway::CRaceway() : CRaceway(DefaultNumberOfTracks)
-{
-}
+CRaceway::CRaceway() : CRaceway(DefaultNumberOfTracks) {}
 
 CRaceway::CRaceway(int numberOfTracks) : name(QStringLiteral("Default")), ioSettings(defaultIoSettings())
 {

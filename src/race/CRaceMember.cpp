@@ -45,11 +45,10 @@ int split3(const CLapTime& lap)
 
 } // namespace
 
-CRaceMember::CRaceMember() : CRaceMember(CRacewayTrack(), 0)
-{
-}
+CRaceMember::CRaceMember() : CRaceMember(CRacewayTrack(), 0) {}
 
-CRaceMember::CRaceMember(const CRacewayTrack& track, int trackIndex) : m_track(track), m_trackIndex(trackIndex)
+CRaceMember::CRaceMember(const CRacewayTrack& track, int trackIndex)
+    : m_track(track), m_trackIndex(trackIndex)
 {
     m_refuelTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_refuelTimer, &QTimer::timeout, this, &CRaceMember::refuel);

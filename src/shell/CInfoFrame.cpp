@@ -22,7 +22,9 @@ void makeBold(QLabel* label)
 } // namespace
 
 CInfoFrame::CInfoFrame(QWidget* parent)
-    : QWidget(parent), m_layout(new QHBoxLayout(this)), m_groupBox(new QGroupBox(tr(" Renninformationen "))),
+    : QWidget(parent),
+      m_layout(new QHBoxLayout(this)),
+      m_groupBox(new QGroupBox(tr(" Renninformationen "))),
       m_gridLayout(new QGridLayout(m_groupBox))
 {
     m_groupBox->setAlignment(Qt::AlignHCenter);

@@ -17,8 +17,11 @@ QPixmap loadPicture(const char* fileName)
 } // namespace
 
 CLights::CLights(int count, QWidget* parent)
-    : QWidget(parent), m_lightCount(qBound(1, count, 10)), m_red(loadPicture(":/images/ampel_rot.bmp")),
-      m_green(loadPicture(":/images/ampel_gruen.bmp")), m_off(loadPicture(":/images/ampel_aus.bmp")),
+    : QWidget(parent),
+      m_lightCount(qBound(1, count, 10)),
+      m_red(loadPicture(":/images/ampel_rot.bmp")),
+      m_green(loadPicture(":/images/ampel_gruen.bmp")),
+      m_off(loadPicture(":/images/ampel_aus.bmp")),
       m_lights(m_lightCount, m_off)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

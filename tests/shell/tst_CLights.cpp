@@ -1,6 +1,5 @@
-#include "shell/CLights.h"
-
 #include "images/Images.h"
+#include "shell/CLights.h"
 #include "support/Ink.h"
 
 #include <QTest>

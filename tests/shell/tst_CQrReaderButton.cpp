@@ -32,7 +32,8 @@ private Q_SLOTS:
         button.setBackgroundColor(QStringLiteral("#00FF00"));
         button.resize(40, 40);
         const QColor edge = button.grab().toImage().pixelColor(3, 20); // the style may shade it
-        QVERIFY2(edge.green() > edge.red() + 100 && edge.green() > edge.blue() + 100, qPrintable(edge.name()));
+        QVERIFY2(edge.green() > edge.red() + 100 && edge.green() > edge.blue() + 100,
+                 qPrintable(edge.name()));
     }
 };
 

@@ -1,5 +1,4 @@
 #include "shell/CRichLabel.h"
-
 #include "support/Ink.h"
 
 #include <QFontMetrics>
@@ -128,7 +127,7 @@ private Q_SLOTS:
         parent.resize(400, 100);
         const QImage picture = pictureOf(parent);
         const QRect ink = inkOf(picture, Qt::black);
-        QVERIFY(wide.geometry().contains(ink)); // nothing outside the label ...
+        QVERIFY(wide.geometry().contains(ink));       // nothing outside the label ...
         QCOMPARE(ink.left(), wide.geometry().left()); // ... and cut on both sides
         QCOMPARE(ink.right(), wide.geometry().right());
         // It shows the middle of the text, not its beginning.

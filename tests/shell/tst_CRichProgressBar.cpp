@@ -7,8 +7,9 @@ namespace {
 
 QString sheet(const char* text, const char* color, int radius = 5, int border = 2, int chunkRadius = 3)
 {
-    return QStringLiteral("QProgressBar {color: %1; border-radius: %2px; text-align: center; border: %3px solid %4; }"
-                          "QProgressBar::chunk { background-color: %4; margin: 0px; border-radius: %5px;}")
+    return QStringLiteral(
+               "QProgressBar {color: %1; border-radius: %2px; text-align: center; border: %3px solid %4; }"
+               "QProgressBar::chunk { background-color: %4; margin: 0px; border-radius: %5px;}")
         .arg(QLatin1String(text))
         .arg(radius)
         .arg(border)
