@@ -3,7 +3,22 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-CRichLabel::CRichLabel(QWidget* parent) : QWidget(parent)
+namespace {
+
+constexpr int NarrowestStretch = 50;
+
+/** @return the font in pixels, of which 96 are 72 points. */
+QFont inPixels(const QFont& font)
+{
+    QFont pixelFont = font;
+    if (font.pointSize() > 0)
+        pixelFont.setPixelSize(qRound(font.pointSize() * 96 / 72.0));
+    return pixelFont;
+}
+
+} // namespace
+
+CRichLabel::CRichLabel(QWidget* parent) : QWidget(parent), m_paintFont(inPixels(m_font))
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // It fills its own background, so that no ancestor has to paint below it.
@@ -52,6 +67,20 @@ void CRichLabel::setStretch(int percent)
     applyFont(font);
 }
 
+int CRichLabel::fittingStretch(const QString& text, int percent) const
+{
+    QFont font = m_font;
+    font.setPointSize(percent * m_pointSize / 100);
+    font = inPixels(font);
+    font.setStretch(100);
+    const int inkWidth = QFontMetrics(font).tightBoundingRect(text).width();
+    int stretch = qBound(NarrowestStretch, 100 * m_width / qMax(1, inkWidth), 100);
+    font.setStretch(stretch);
+    while (stretch > NarrowestStretch && isCut(text, font))
+        font.setStretch(--stretch);
+    return stretch;
+}
+
 void CRichLabel::setColor(const QColor& color)
 {
     if (color == m_color)
@@ -92,7 +121,7 @@ void CRichLabel::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), palette().window());
     painter.translate((m_width - m_textSize.width()) / 2, (m_height - m_textSize.height()) / 2);
     painter.setPen(m_color);
-    painter.setFont(m_font);
+    painter.setFont(m_paintFont);
     painter.drawText(QRect(0, 0, m_textSize.width() - 1, m_textSize.height() - 1),
                      Qt::AlignCenter | Qt::TextDontClip, m_text);
 }
@@ -102,6 +131,7 @@ void CRichLabel::applyFont(const QFont& font)
     if (font == m_font)
         return;
     m_font = font;
+    m_paintFont = inPixels(font);
     m_textSize = QSize();
     update();
 }
@@ -110,6 +140,15 @@ void CRichLabel::measure()
 {
     if (m_textSize.isValid())
         return;
-    const QFontMetrics metrics(m_font);
+    const QFontMetrics metrics(m_paintFont);
     m_textSize = QSize(metrics.horizontalAdvance(m_text), metrics.height());
+}
+
+bool CRichLabel::isCut(const QString& text, const QFont& font) const
+{
+    const QFontMetrics metrics(font);
+    const int left = (m_width - metrics.horizontalAdvance(text)) / 2;
+    const QRect ink = metrics.tightBoundingRect(text).translated(left, 0);
+    // The metrics are rounded; smooth edges may reach half a pixel beyond them.
+    return ink.left() < 1 || ink.right() >= m_width;
 }

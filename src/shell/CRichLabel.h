@@ -11,7 +11,9 @@
  * both sides.
  *
  * Made for figures that change with every lap: a new text repaints this widget and nothing else,
- * and never moves a layout. A setter that changes nothing costs nothing. Owned by its Qt parent.
+ * and never moves a layout. A setter that changes nothing costs nothing. Its size is given in
+ * pixels and its font in points, so that a point is always 1/72 of 96 pixels, whatever the screen
+ * says of itself: figures that fit on one screen fit on all. Owned by its Qt parent.
  */
 class CRichLabel : public QWidget
 {
@@ -32,6 +34,11 @@ public:
     void restoreFont();
     /** @param percent width of the letters, 100 as designed */
     void setStretch(int percent);
+    /**
+     * @param percent size of the font as of scaleFont()
+     * @return the widest stretch up to 100 in which no pixel of the text is cut on its sides.
+     */
+    int fittingStretch(const QString& text, int percent = 100) const;
 
     QColor color() const { return m_color; }
     void setColor(const QColor& color);
@@ -55,6 +62,7 @@ protected:
 private:
     void applyFont(const QFont& font);
     void measure();
+    bool isCut(const QString& text, const QFont& font) const;
 
     int m_pointSize = 10;
     QColor m_color;
@@ -62,7 +70,8 @@ private:
     QFont m_font{QStringLiteral("Arial"), 10, QFont::Bold};
     int m_width = 182;
     int m_height = 85;
-    QSize m_textSize; ///< of the text in the font; invalid until measured
+    QFont m_paintFont; ///< m_font in pixels
+    QSize m_textSize;  ///< of the text in the font; invalid until measured
 };
 
 #endif

@@ -162,6 +162,56 @@ private Q_SLOTS:
         QCOMPARE(label.font().family(), QStringLiteral("Arial"));
     }
 
+    void textThatFitsNeedsNoStretch()
+    {
+        CRichLabel label;
+        QCOMPARE(label.fittingStretch(QStringLiteral("000")), 100);
+        QCOMPARE(label.fittingStretch(QString()), 100);
+    }
+
+    void fittingStretchIsTheWidestThatCutsNothing()
+    {
+        CRichLabel label(QStringLiteral("1000"), Qt::white);
+        setBlack(label);
+        label.setPointSize(150);
+        label.setWidth(320);
+        label.setHeight(180);
+        label.scaleFont(80);
+        const int stretch = label.fittingStretch(label.text(), 80);
+        QVERIFY2(stretch < 100 && stretch > 80, qPrintable(QString::number(stretch)));
+        QCOMPARE(label.font().pointSize(), 120); // asking changes nothing
+        label.setStretch(stretch);
+        const int narrow = inkWidth(label);
+        label.setWidth(600);
+        QCOMPARE(inkWidth(label), narrow); // nothing was cut
+        label.setWidth(320);
+        label.setStretch(100);
+        const int cut = inkWidth(label);
+        label.setWidth(600);
+        QVERIFY(inkWidth(label) > cut); // a full one would be
+    }
+
+    void stretchHasALimitWhereNoneFits()
+    {
+        CRichLabel label;
+        label.setPointSize(150);
+        label.setWidth(20);
+        QCOMPARE(label.fittingStretch(QStringLiteral("00:00:000")), 50);
+    }
+
+    void pointsArePixelsOf96DotsAnInchOnEveryScreen()
+    {
+        CRichLabel label(QStringLiteral("0"), Qt::white);
+        setBlack(label);
+        label.setPointSize(72);
+        label.setHeight(150);
+        QFont pixels = label.font();
+        pixels.setPixelSize(96);
+        const int digit = inkOf(pictureOf(label), Qt::black).height();
+        const int expected = QFontMetrics(pixels).tightBoundingRect(QStringLiteral("0")).height();
+        QVERIFY2(qAbs(digit - expected) <= 1, qPrintable(QString("%1 of %2").arg(digit).arg(expected)));
+    }
+
     void digitsStandStillWhenTheyChange()
     {
         CRichLabel label(QStringLiteral("00:05:734"), Qt::white);
@@ -250,6 +300,12 @@ private:
     {
         for (int i = 0; i < 3; ++i)
             QCoreApplication::processEvents();
+    }
+
+    static int inkWidth(CRichLabel& label)
+    {
+        label.resize(label.sizeHint());
+        return inkOf(pictureOf(label), Qt::black).width();
     }
 
     static void setBlack(QWidget& widget)

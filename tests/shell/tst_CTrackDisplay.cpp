@@ -1,0 +1,1038 @@
+#include "shell/CTrackDisplay.h"
+
+#include "shell/CQrReaderButton.h"
+#include "shell/CRichComboBox.h"
+#include "shell/CRichLabel.h"
+#include "shell/CRichProgressBar.h"
+#include "shell/CSettings.h"
+#include "sound/CSoundOutput.h"
+#include "sound/SoundOutLib.h"
+#include "support/Ink.h"
+
+#include <QLocale>
+#include <QSignalSpy>
+#include <QStringListModel>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+/** Writes down what reaches the player. */
+class CRecordingLib : public SoundOutLib
+{
+public:
+    explicit CRecordingLib(QStringList& calls) : m_calls(calls) {}
+
+    int load(const char* file) override
+    {
+        m_calls.append(QStringLiteral("load ") + QLatin1String(file));
+        return ++m_lastId;
+    }
+    void unloadAll() override
+    {
+        m_calls.append(QStringLiteral("unloadAll"));
+        m_lastId = 0;
+    }
+    void enqueue(int id) override { m_calls.append(QStringLiteral("sample %1").arg(id)); }
+    void enqueue(const char* text) override { m_calls.append(QStringLiteral("text ") + QLatin1String(text)); }
+    void play() override { m_calls.append(QStringLiteral("play")); }
+    void stop() override { m_calls.append(QStringLiteral("stop")); }
+
+private:
+    QStringList& m_calls;
+    int m_lastId = 0;
+};
+
+const QStringList LabelNames{"lapCount",   "lastLap",  "bestLap",  "status",   "averageLap",  "section1",
+                             "section2",   "section3", "speed",    "fuelLabel", "driverLabel", "carLabel"};
+const QStringList TimeNames{"lastLap", "bestLap", "averageLap", "section1", "section2", "section3"};
+
+CRichLabel* label(const CTrackDisplay& panel, const QString& name)
+{
+    auto* found = panel.findChild<CRichLabel*>(name);
+    if (!found)
+        qFatal("no label %s", qPrintable(name));
+    return found;
+}
+
+QString text(const CTrackDisplay& panel, const QString& name)
+{
+    return label(panel, name)->text();
+}
+
+CRichComboBox* box(const CTrackDisplay& panel, const QString& name)
+{
+    return panel.findChild<CRichComboBox*>(name);
+}
+
+CQrReaderButton* button(const CTrackDisplay& panel, const QString& name)
+{
+    return panel.findChild<CQrReaderButton*>(name);
+}
+
+CRichProgressBar* fuelBar(const CTrackDisplay& panel)
+{
+    return panel.findChild<CRichProgressBar*>(QStringLiteral("fuelBar"));
+}
+
+/** Everything on. */
+CSettings fullSettings(int size)
+{
+    CSettings settings;
+    settings.setDisplayShowLaps(true);
+    settings.setDisplayShowLapTime(true);
+    settings.setDisplayShowBestLapTime(true);
+    settings.setDisplayShowStatus(true);
+    settings.setDisplayShowAverageLapTime(true);
+    settings.setDisplayShowSectorTimes(true);
+    settings.setDisplaySpeed(true);
+    settings.setDisplayFuel(true);
+    settings.setSoundEnhanced(false);
+    settings.setQrCodeHandlingEnabled(true);
+    settings.setDisplaySize(size);
+    return settings;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Qt::Alignment)
+
+class tst_CTrackDisplay : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // --- building ---
+
+    void typeOutsideOneToTwoIsALegend_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("track panel") << 1 << 1;
+        QTest::newRow("legend") << 2 << 2;
+        QTest::newRow("0") << 0 << 2;
+        QTest::newRow("3") << 3 << 2;
+        QTest::newRow("-1") << -1 << 2;
+    }
+
+    void typeOutsideOneToTwoIsALegend()
+    {
+        QFETCH(int, type);
+        CSettings settings;
+        QTEST(CTrackDisplay(type, &settings, nullptr, 1, 1).type(), "expected");
+    }
+
+    void rowsOutsideOneToThreeAreOne()
+    {
+        CSettings settings;
+        const QMap<int, int> expected{{0, 1}, {1, 1}, {2, 2}, {3, 3}, {4, 1}, {-1, 1}};
+        for (auto row = expected.begin(); row != expected.end(); ++row)
+            QCOMPARE(CTrackDisplay(1, &settings, nullptr, row.key(), 1).rows(), row.value());
+    }
+
+    void panelWithAParentOnlyIsALegendWithOneRow()
+    {
+        QWidget parent;
+        CTrackDisplay panel(&parent);
+        QCOMPARE(panel.type(), int(CTrackDisplay::LegendPanel));
+        QCOMPARE(panel.rows(), 1);
+        QCOMPARE(panel.parentWidget(), &parent);
+        CSettings settings = fullSettings(2);
+        panel.setSettings(&settings);
+        QVERIFY(!label(panel, "section1")->isHidden());
+        QVERIFY(label(panel, "section2")->isHidden());
+    }
+
+    void freshTrackPanelHoldsColoursAndSampleTexts_data() { contentColumns(true); }
+    void freshTrackPanelHoldsColoursAndSampleTexts() { checkContent(CTrackDisplay::TrackPanel); }
+    void freshLegendHoldsItsWordsInGrey_data() { contentColumns(false); }
+    void freshLegendHoldsItsWordsInGrey() { checkContent(CTrackDisplay::LegendPanel); }
+
+    void noLabelShowsUntilTheSettingsAreApplied()
+    {
+        CSettings settings = fullSettings(2);
+        for (const int type : {1, 2}) {
+            CTrackDisplay panel(type, &settings, nullptr, 1, 3);
+            for (const QString& name : LabelNames)
+                QVERIFY2(label(panel, name)->isHidden(), qPrintable(name));
+        }
+    }
+
+    void legendHidesBoxesButtonsAndBar()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(CTrackDisplay::LegendPanel, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        for (const char* name : {"driverBox", "carBox"})
+            QVERIFY2(box(panel, name)->isHidden(), name);
+        for (const char* name : {"driverQrButton", "carQrButton"})
+            QVERIFY2(button(panel, name)->isHidden(), name);
+        QVERIFY(fuelBar(panel)->isHidden());
+    }
+
+    void rowsFromTopToBottomAreCentredButTheBar()
+    {
+        CSettings settings;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        const auto* layout = qobject_cast<QVBoxLayout*>(panel.layout());
+        QVERIFY(layout);
+        QCOMPARE(layout->sizeConstraint(), QLayout::SetMinimumSize);
+        const QStringList order{"lapCount",   "section1", "section2", "section3",  "lastLap",     "bestLap", "status",
+                                "averageLap", "speed",    "fuelBar",  "fuelLabel", "driverLabel", "carLabel"};
+        for (int i = 0; i < order.size(); ++i) {
+            QCOMPARE(layout->itemAt(i)->widget()->objectName(), order.at(i));
+            const Qt::Alignment expected = order.at(i) == "fuelBar" ? Qt::Alignment() : Qt::AlignHCenter;
+            QCOMPARE(layout->itemAt(i)->alignment(), expected);
+        }
+        checkBoxRow(layout->itemAt(13), "driverBox", "driverQrButton");
+        checkBoxRow(layout->itemAt(14), "carBox", "carQrButton");
+        QVERIFY(layout->itemAt(15)->spacerItem());
+        QCOMPARE(layout->count(), 16);
+    }
+
+    void sizeHintsAreThoseOfTheLayout()
+    {
+        CSettings settings = fullSettings(1);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        QCOMPARE(panel.sizeHint(), panel.layout()->sizeHint());
+        QCOMPARE(panel.minimumSizeHint(), panel.layout()->minimumSize());
+        QVERIFY(panel.sizeHint().width() >= 320);
+    }
+
+    // --- what the settings show ---
+
+    void eachRowFollowsItsSetting_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("type");
+        for (const char* name : {"lapCount", "lastLap", "bestLap", "status", "averageLap", "speed", "fuelBar"})
+            QTest::newRow(qPrintable(QString("%1 of a track").arg(name))) << name << 1;
+        for (const char* name : {"lapCount", "lastLap", "bestLap", "status", "averageLap", "speed", "fuelLabel"})
+            QTest::newRow(qPrintable(QString("%1 of a legend").arg(name))) << name << 2;
+    }
+
+    void eachRowFollowsItsSetting()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, type);
+        using Setter = void (CSettings::*)(bool);
+        const QMap<QString, Setter> setters{{"lapCount", &CSettings::setDisplayShowLaps},
+                                            {"lastLap", &CSettings::setDisplayShowLapTime},
+                                            {"bestLap", &CSettings::setDisplayShowBestLapTime},
+                                            {"status", &CSettings::setDisplayShowStatus},
+                                            {"averageLap", &CSettings::setDisplayShowAverageLapTime},
+                                            {"speed", &CSettings::setDisplaySpeed},
+                                            {"fuelBar", &CSettings::setDisplayFuel},
+                                            {"fuelLabel", &CSettings::setDisplayFuel}};
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(type, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        QVERIFY(!panel.findChild<QWidget*>(name)->isHidden());
+        (settings.*setters.value(name))(false);
+        panel.setSettings(&settings);
+        QVERIFY(panel.findChild<QWidget*>(name)->isHidden());
+        (settings.*setters.value(name))(true);
+        panel.setSettings(&settings);
+        QVERIFY(!panel.findChild<QWidget*>(name)->isHidden());
+    }
+
+    void trackPanelNeverShowsTheWordsOfTheLegend()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        for (const char* name : {"fuelLabel", "driverLabel", "carLabel"})
+            QVERIFY2(label(panel, name)->isHidden(), name);
+    }
+
+    void legendShowsTheWordsOfDriverAndCar()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(2, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        for (const char* name : {"driverLabel", "carLabel"})
+            QVERIFY2(!label(panel, name)->isHidden(), name);
+    }
+
+    void sectionRowsFollowTheSectorsOfTheRaceway_data()
+    {
+        QTest::addColumn<int>("sections");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("none") << 0 << "";
+        QTest::newRow("with sectors on and one section only the first row shows") << 1 << "1";
+        QTest::newRow("two") << 2 << "12";
+        QTest::newRow("three") << 3 << "123";
+        QTest::newRow("four") << 4 << "123";
+    }
+
+    void sectionRowsFollowTheSectorsOfTheRaceway()
+    {
+        QFETCH(int, sections);
+        CSettings settings = fullSettings(2);
+        for (const int type : {1, 2}) {
+            CTrackDisplay panel(type, &settings, nullptr, 1, sections);
+            panel.setSettings(&settings);
+            QTEST(shownSections(panel), "shown");
+            settings.setDisplayShowSectorTimes(false);
+            panel.setSettings(&settings);
+            QCOMPARE(shownSections(panel), QString());
+            settings.setDisplayShowSectorTimes(true);
+            panel.setSettings(&settings);
+            QTEST(shownSections(panel), "shown");
+        }
+    }
+
+    void sectionRowBeyondTheSectorsIsLeftAsItIs()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        label(panel, "section3")->show();
+        panel.setSettings(&settings);
+        QCOMPARE(shownSections(panel), QStringLiteral("13"));
+        settings.setDisplayShowSectorTimes(false);
+        panel.setSettings(&settings);
+        QCOMPARE(shownSections(panel), QString());
+    }
+
+    void legendNamesSectorsOrIntermediateTimes()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(2, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        QCOMPARE(text(panel, "section1"), QStringLiteral("<SEC1>"));
+        QCOMPARE(text(panel, "section2"), QStringLiteral("<SEC2>"));
+        QCOMPARE(text(panel, "section3"), QStringLiteral("<SEC3>"));
+        settings.setDisplayShowIntermediateTimes(true);
+        panel.setSettings(&settings);
+        QCOMPARE(text(panel, "section1"), QStringLiteral("<INT1>"));
+        QCOMPARE(text(panel, "section2"), QStringLiteral("<INT2>"));
+        QCOMPARE(text(panel, "section3"), QStringLiteral("<INT3>"));
+    }
+
+    void codeButtonsFollowTheirSetting()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        for (const bool enabled : {true, false, true}) {
+            settings.setQrCodeHandlingEnabled(enabled);
+            panel.setSettings(&settings);
+            QCOMPARE(button(panel, "driverQrButton")->isHidden(), !enabled);
+            QCOMPARE(button(panel, "carQrButton")->isHidden(), !enabled);
+        }
+    }
+
+    void applyingTheSettingsClearsTheSpeed()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSettings(&settings);
+        panel.setSpeed(99.9);
+        panel.setSettings(&settings);
+        QCOMPARE(text(panel, "speed"), QStringLiteral("0,0 km/h"));
+    }
+
+    void applyingTheSettingsKeepsTheOtherFigures()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        panel.setLaps(1000);
+        panel.setLastLap(QTime(0, 0, 5, 734));
+        settings.setDisplaySize(1);
+        panel.setSettings(&settings);
+        QCOMPARE(text(panel, "lapCount"), QStringLiteral("1000"));
+        QCOMPARE(label(panel, "lapCount")->font().pointSize(), 120);
+        QCOMPARE(text(panel, "lastLap"), QStringLiteral("00:05:734"));
+    }
+
+    void commonColourGoesToBestLapStatusAndReserve()
+    {
+        CSettings settings = fullSettings(2);
+        settings.setColorBestLapAndStatus(QStringLiteral("#0000FF"));
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSettings(&settings);
+        QCOMPARE(label(panel, "bestLap")->color(), QColor(Qt::blue));
+        QCOMPARE(label(panel, "status")->color(), QColor(Qt::blue));
+        QCOMPARE(fuelBar(panel)->redColorName(), QStringLiteral("#0000FF"));
+        CTrackDisplay legend(2, &settings, nullptr, 1, 1);
+        legend.setSettings(&settings);
+        QCOMPARE(label(legend, "bestLap")->color(), QColor(0x99, 0x99, 0x99));
+        QCOMPARE(label(legend, "status")->color(), QColor(0x99, 0x99, 0x99));
+    }
+
+    // --- sizes ---
+
+    void labelsOfATrackPanelInEachSize_data()
+    {
+        labelColumns();
+        addLabelRows("lapCount", {320, 182, 135, 91}, {180, 85, 63, 42}, {150, 80, 60, 40});
+        for (const QString& name : TimeNames)
+            addLabelRows(name, {320, 182, 135, 91}, {60, 35, 26, 17}, {52, 30, 22, 15});
+        addLabelRows("status", {320, 182, 135, 91}, {150, 55, 41, 27}, {46, 25, 19, 12});
+        addLabelRows("speed", {320, 182, 135, 91}, {60, 35, 26, 17}, {46, 25, 19, 12});
+        addLabelRows("fuelLabel", {318, 180, 135, 90}, {60, 35, 26, 17}, {40, 20, 15, 10});
+        addLabelRows("driverLabel", {320, 182, 135, 91}, {40, 30, 22, 15}, {25, 15, 11, 7});
+        addLabelRows("carLabel", {320, 182, 135, 91}, {40, 30, 22, 15}, {25, 15, 11, 7});
+    }
+
+    void labelsOfATrackPanelInEachSize() { checkLabelSize(CTrackDisplay::TrackPanel); }
+
+    void labelsOfALegendInEachSize_data()
+    {
+        labelColumns();
+        addLabelRows("lapCount", {320, 180, 135, 90}, {180, 85, 63, 42}, {150, 75, 56, 37});
+        for (const QString& name : TimeNames)
+            addLabelRows(name, {320, 180, 135, 90}, {60, 35, 26, 17}, {40, 25, 18, 12});
+        addLabelRows("status", {320, 180, 135, 90}, {150, 55, 41, 27}, {33, 20, 15, 10});
+        addLabelRows("speed", {320, 180, 135, 90}, {60, 35, 26, 17}, {33, 20, 15, 10});
+        addLabelRows("fuelLabel", {320, 180, 135, 90}, {60, 35, 26, 17}, {33, 20, 15, 10});
+        addLabelRows("driverLabel", {320, 180, 135, 90}, {40, 30, 22, 15}, {23, 15, 11, 7});
+        addLabelRows("carLabel", {320, 180, 135, 90}, {40, 30, 22, 15}, {23, 15, 11, 7});
+    }
+
+    void labelsOfALegendInEachSize() { checkLabelSize(CTrackDisplay::LegendPanel); }
+
+    void boxesAndBarInEachSize_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QVector<int>>("boxes"); // minimum height, maximum width, points
+        QTest::addColumn<QVector<int>>("bar");   // maximum height, maximum width, points
+        QTest::addColumn<QString>("border");
+        using Sizes = QVector<int>;
+        const QString whole = QStringLiteral("border-radius: 5px; text-align: center; border: 2px ");
+        const QString half = QStringLiteral("border-radius: 2px; text-align: center; border: 1px ");
+        QTest::newRow("very large") << 1 << Sizes{40, 320, 25} << Sizes{50, 318, 25} << whole;
+        QTest::newRow("large") << 2 << Sizes{25, 282, 12} << Sizes{30, 180, 14} << whole;
+        QTest::newRow("medium") << 3 << Sizes{19, 211, 9} << Sizes{22, 135, 10} << whole;
+        QTest::newRow("small") << 4 << Sizes{13, 141, 7} << Sizes{15, 90, 7} << half;
+        QTest::newRow("an unknown size is large") << 7 << Sizes{25, 282, 12} << Sizes{30, 180, 14} << whole;
+    }
+
+    void boxesAndBarInEachSize()
+    {
+        QFETCH(int, size);
+        QFETCH(QString, border);
+        CSettings settings = fullSettings(size);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSettings(&settings);
+        panel.reset();
+        for (const char* name : {"driverBox", "carBox"}) {
+            const CRichComboBox* selection = box(panel, name);
+            const QVector<int> actual{selection->minimumHeight(), selection->maximumWidth(),
+                                      selection->font().pointSize()};
+            QTEST(actual, "boxes");
+        }
+        const CRichProgressBar* bar = fuelBar(panel);
+        const QVector<int> actual{bar->maximumHeight(), bar->maximumWidth(), bar->font().pointSize()};
+        QTEST(actual, "bar");
+        QVERIFY2(bar->styleSheet().contains(border), qPrintable(bar->styleSheet()));
+    }
+
+    void usualTextsAreWhollyVisibleInEachSize_data()
+    {
+        QTest::addColumn<int>("size");
+        for (int size = 1; size <= 4; ++size)
+            QTest::newRow(qPrintable(QString("size %1").arg(size))) << size;
+    }
+
+    void usualTextsAreWhollyVisibleInEachSize()
+    {
+        QFETCH(int, size);
+        CSettings settings = fullSettings(size);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        for (const int laps : {110, 0, 444, 888, -1, 1000, 4444, 8888, 9999}) {
+            panel.setLaps(laps);
+            expectNothingCut(*label(panel, "lapCount"));
+        }
+        for (const char* time : {"00:05:734", "00:00:000", "11:11:111", "44:44:444", "58:88:888"}) {
+            for (const QString& name : TimeNames) {
+                label(panel, name)->setText(QLatin1String(time));
+                expectNothingCut(*label(panel, name));
+            }
+        }
+        for (int status = 1; status <= 8; ++status) {
+            panel.setStatus(status);
+            expectNothingCut(*label(panel, "status"));
+        }
+        for (int unit = 0; unit <= 2; ++unit) {
+            settings.setSpeedDisplayType(unit);
+            panel.setSettings(&settings);
+            panel.setSpeed(unit == 1 ? 88.88 : 888.8);
+            expectNoSideCut(*label(panel, "speed"));
+        }
+    }
+
+    void wordsOfTheLegendAreWhollyVisibleInEachSize_data() { usualTextsAreWhollyVisibleInEachSize_data(); }
+    void wordsOfTheLegendAreWhollyVisibleInEachSize()
+    {
+        QFETCH(int, size);
+        for (const bool intermediate : {false, true}) {
+            CSettings settings = fullSettings(size);
+            settings.setDisplayShowIntermediateTimes(intermediate);
+            CTrackDisplay panel(2, &settings, nullptr, 1, 3);
+            panel.setSettings(&settings);
+            for (const QString& name : LabelNames)
+                expectNothingCut(*label(panel, name));
+        }
+    }
+
+    void digitsNeverMoveInEachSize_data() { usualTextsAreWhollyVisibleInEachSize_data(); }
+    void digitsNeverMoveInEachSize()
+    {
+        QFETCH(int, size);
+        CSettings settings = fullSettings(size);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        CRichLabel& time = *label(panel, "lastLap");
+        time.setText(QStringLiteral("00:00:000"));
+        const QImage zeros = pictureOf(time);
+        time.setText(QStringLiteral("11:11:110"));
+        const QImage ones = pictureOf(time);
+        const int lastDigit = time.width() * 9 / 10; // from here on both show the same "0"
+        QCOMPARE(ones.copy(lastDigit, 0, time.width(), time.height()),
+                 zeros.copy(lastDigit, 0, time.width(), time.height()));
+        QVERIFY(ones != zeros);
+    }
+
+    // --- figures ---
+
+    void lapCountTexts_data()
+    {
+        QTest::addColumn<int>("laps");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<int>("percent");
+        QTest::newRow("0") << 0 << "000" << 100;
+        QTest::newRow("5") << 5 << "005" << 100;
+        QTest::newRow("12") << 12 << "012" << 100;
+        QTest::newRow("-1 has a blank in front") << -1 << " -1" << 100;
+        QTest::newRow("-12") << -12 << "-12" << 100;
+        QTest::newRow("-123") << -123 << "-123" << 80;
+        QTest::newRow("999") << 999 << "999" << 100;
+        QTest::newRow("1000 is smaller") << 1000 << "1000" << 80;
+        QTest::newRow("12345 loses its last digit") << 12345 << "1234" << 80;
+        QTest::newRow("-2147483648") << std::numeric_limits<int>::min() << "-214" << 80;
+    }
+
+    void lapCountTexts()
+    {
+        QFETCH(int, laps);
+        QFETCH(int, percent);
+        const QVector<int> points{150, 80, 60, 40};
+        for (int size = 1; size <= 4; ++size) {
+            CSettings settings = fullSettings(size);
+            CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+            panel.setSettings(&settings);
+            panel.setLaps(laps);
+            QTEST(text(panel, "lapCount"), "expected");
+            QCOMPARE(label(panel, "lapCount")->font().pointSize(), points.at(size - 1) * percent / 100);
+        }
+    }
+
+    void shorterLapCountGetsItsSizeBack()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSettings(&settings);
+        panel.setLaps(1000);
+        panel.setLaps(999);
+        QCOMPARE(label(panel, "lapCount")->font().pointSize(), 80);
+        panel.setLaps(1000);
+        panel.reset();
+        QCOMPARE(text(panel, "lapCount"), QStringLiteral("000"));
+        QCOMPARE(label(panel, "lapCount")->font().pointSize(), 80);
+    }
+
+    void timesInMinutesSecondsAndMilliseconds()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setLastLap(QTime(0, 0, 5, 734));
+        panel.setBestLap(QTime(0, 0, 5, 421));
+        panel.setAverageLap(QTime(0, 1, 2, 3));
+        panel.setSection1(QTime(0, 0, 0, 1));
+        panel.setSection2(QTime(0, 59, 59, 999));
+        panel.setSection3(QTime(1, 2, 3, 4)); // the hour doesn't show
+        QCOMPARE(text(panel, "lastLap"), QStringLiteral("00:05:734"));
+        QCOMPARE(text(panel, "bestLap"), QStringLiteral("00:05:421"));
+        QCOMPARE(text(panel, "averageLap"), QStringLiteral("01:02:003"));
+        QCOMPARE(text(panel, "section1"), QStringLiteral("00:00:001"));
+        QCOMPARE(text(panel, "section2"), QStringLiteral("59:59:999"));
+        QCOMPARE(text(panel, "section3"), QStringLiteral("02:03:004"));
+    }
+
+    void statusInWords_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("0") << 0 << "---";
+        QTest::newRow("1") << 1 << "---";
+        QTest::newRow("2") << 2 << "warten";
+        QTest::newRow("3") << 3 << "starten";
+        QTest::newRow("4") << 4 << "läuft";
+        QTest::newRow("5") << 5 << "frühstart";
+        QTest::newRow("6") << 6 << "beendet";
+        QTest::newRow("7") << 7 << "sieger";
+        QTest::newRow("8") << 8 << "pause";
+        QTest::newRow("9") << 9 << "---";
+        QTest::newRow("-1") << -1 << "---";
+    }
+
+    void statusInWords()
+    {
+        QFETCH(int, status);
+        CSettings settings;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setStatus(status);
+        QTEST(text(panel, "status"), "expected");
+    }
+
+    void speedInItsUnit_data()
+    {
+        QTest::addColumn<int>("unit");
+        QTest::addColumn<double>("speed");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("km/h") << 0 << 123.44 << "123,4 km/h";
+        QTest::newRow("m/s") << 1 << 3.456 << "3,46 m/s";
+        QTest::newRow("mph") << 2 << 76.66 << "76,7 mph";
+        QTest::newRow("an unknown unit is km/h") << 3 << 76.66 << "76,7 km/h";
+        QTest::newRow("a negative unit is km/h") << -1 << 76.66 << "76,7 km/h";
+        QTest::newRow("thousands have no separator") << 0 << 1234.5 << "1234,5 km/h";
+        QTest::newRow("none") << 0 << 0.0 << "0,0 km/h";
+    }
+
+    void speedInItsUnit()
+    {
+        QFETCH(int, unit);
+        QFETCH(double, speed);
+        CSettings settings;
+        settings.setSpeedDisplayType(unit);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSpeed(speed);
+        QTEST(text(panel, "speed"), "expected");
+    }
+
+    void speedHasTheDecimalMarkOfTheProgramsLanguage()
+    {
+        const QLocale before;
+        CSettings settings;
+        settings.setSpeedDisplayType(0);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        QLocale::setDefault(QLocale(QLocale::English));
+        panel.setSpeed(12.3);
+        const QString english = text(panel, "speed");
+        QLocale::setDefault(QLocale(QLocale::French)); // no catalogue: the German texts stand
+        panel.setSpeed(12.4);
+        const QString other = text(panel, "speed");
+        QLocale::setDefault(before);
+        QCOMPARE(english, QStringLiteral("12.3 km/h"));
+        QCOMPARE(other, QStringLiteral("12,4 km/h"));
+    }
+
+    void speedOfALegendStaysItsWord()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(2, &settings, nullptr, 1, 1);
+        panel.setSettings(&settings);
+        panel.setSpeed(12.3);
+        QCOMPARE(text(panel, "speed"), QStringLiteral("<SPEED>"));
+    }
+
+    void fuelGoesToTheBar()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSettings(&settings);
+        panel.setColor(QStringLiteral("#00FF00"));
+        panel.setFuel(21);
+        QCOMPARE(fuelBar(panel)->value(), 21);
+        QVERIFY(fuelBar(panel)->styleSheet().contains(QLatin1String("solid #00FF00")));
+        panel.setFuel(20);
+        QCOMPARE(fuelBar(panel)->value(), 20);
+        QVERIFY(fuelBar(panel)->styleSheet().contains(QLatin1String("solid ") +
+                                                      settings.colorBestLapAndStatus()));
+    }
+
+    void resetShowsARaceThatHasNotBegun()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        panel.setLaps(17);
+        panel.setStatus(4);
+        panel.setSpeed(33.3);
+        panel.setFuel(12);
+        panel.reset();
+        QCOMPARE(text(panel, "lapCount"), QStringLiteral("000"));
+        for (const QString& name : TimeNames)
+            QCOMPARE(text(panel, name), QStringLiteral("00:00:000"));
+        QCOMPARE(text(panel, "status"), QStringLiteral("---"));
+        QCOMPARE(text(panel, "speed"), QStringLiteral("0,0 km/h"));
+        QCOMPARE(fuelBar(panel)->value(), 100);
+    }
+
+    void resetLeavesALegendAsItIs()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(2, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        panel.reset();
+        QCOMPARE(text(panel, "lapCount"), QString());
+        QCOMPARE(text(panel, "lastLap"), QStringLiteral("<LAST>"));
+        QCOMPARE(text(panel, "section1"), QStringLiteral("<SEC1>"));
+        QCOMPARE(text(panel, "status"), QString());
+        QCOMPARE(text(panel, "speed"), QStringLiteral("<SPEED>"));
+    }
+
+    void trackColourGoesToTheFiguresOfTheTrack()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        panel.setColor(QStringLiteral("#00FF00"));
+        for (const char* name :
+             {"lapCount", "lastLap", "averageLap", "section1", "section2", "section3", "speed"})
+            QCOMPARE(label(panel, name)->color(), QColor(Qt::green));
+        for (const char* name : {"bestLap", "status"})
+            QCOMPARE(label(panel, name)->color(), QColor(settings.colorBestLapAndStatus()));
+        QCOMPARE(fuelBar(panel)->colorName(), QStringLiteral("#00FF00"));
+        for (const char* name : {"driverBox", "carBox"})
+            QCOMPARE(box(panel, name)->styleSheet(),
+                     QStringLiteral("color: #00FF00; selection-color: #00FF00;"));
+        for (const char* name : {"driverQrButton", "carQrButton"})
+            QCOMPARE(button(panel, name)->styleSheet(),
+                     QStringLiteral("background-color: #00FF00; padding: 0px;"));
+    }
+
+    void legendIgnoresTheTrackColour()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(2, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        panel.setColor(QStringLiteral("#00FF00"));
+        for (const QString& name : LabelNames)
+            QCOMPARE(label(panel, name)->color(), QColor(0x99, 0x99, 0x99));
+    }
+
+    // --- driver and car ---
+
+    void boxesKeepTheIndexOfTheirModels()
+    {
+        CSettings settings;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        QStringListModel drivers({"Anna", "Ben", "Cleo"});
+        QStringListModel cars({"Käfer", "Ente"});
+        panel.setDriverModel(&drivers);
+        panel.setCarModel(&cars);
+        panel.setDriverIndex(2);
+        panel.setCarIndex(1);
+        QCOMPARE(panel.driverIndex(), 2);
+        QCOMPARE(panel.carIndex(), 1);
+        QCOMPARE(panel.driverName(), QStringLiteral("Cleo"));
+        QCOMPARE(box(panel, "carBox")->currentText(), QStringLiteral("Ente"));
+        panel.setDriverIndex(-1);
+        QCOMPARE(panel.driverName(), QString());
+    }
+
+    void boxesAreLockedWhileARaceRuns()
+    {
+        CSettings settings;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.lockBoxes(true);
+        QVERIFY(!box(panel, "driverBox")->isEnabled());
+        QVERIFY(!box(panel, "carBox")->isEnabled());
+        panel.lockBoxes(false);
+        QVERIFY(box(panel, "driverBox")->isEnabled());
+        QVERIFY(box(panel, "carBox")->isEnabled());
+    }
+
+    void clientShowsNamesInBoxesThatStayLocked()
+    {
+        CSettings settings = fullSettings(2);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setClientMode(true);
+        panel.setSettings(&settings);
+        QStringListModel own({"somebody of this machine"});
+        panel.setDriverModel(&own);
+        panel.setCarModel(&own);
+        panel.setDriverName(QStringLiteral("Anna"));
+        panel.setCarName(QStringLiteral("Käfer"));
+        QCOMPARE(panel.driverName(), QStringLiteral("Anna"));
+        QCOMPARE(box(panel, "carBox")->currentText(), QStringLiteral("Käfer"));
+        for (const bool lock : {true, false}) {
+            panel.lockBoxes(lock);
+            QVERIFY(!box(panel, "driverBox")->isEnabled());
+            QVERIFY(!box(panel, "carBox")->isEnabled());
+        }
+        QVERIFY(box(panel, "driverBox")->isEditable());
+        QVERIFY(!button(panel, "driverQrButton")->isEnabled());
+        QVERIFY(!button(panel, "carQrButton")->isEnabled());
+        QCOMPARE(own.rowCount(), 1); // the list of this machine stays as it is
+    }
+
+    void serverModeLeavesBoxesToTheUser()
+    {
+        CSettings settings;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setClientMode(false);
+        QVERIFY(!box(panel, "driverBox")->isEditable());
+        QVERIFY(box(panel, "driverBox")->isEnabled());
+        QVERIFY(button(panel, "driverQrButton")->isEnabled());
+    }
+
+    void codeButtonsAskForTheReaderWithTheirPanel()
+    {
+        CSettings settings;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        QList<CTrackDisplay*> asked;
+        connect(&panel, &CTrackDisplay::triggerQrReader,
+                [&asked](CTrackDisplay* display) { asked.append(display); });
+        button(panel, "driverQrButton")->click();
+        button(panel, "carQrButton")->click();
+        QCOMPARE(asked, (QList<CTrackDisplay*>{&panel, &panel}));
+    }
+
+    // --- voice ---
+
+    void voiceLoadsItsSamplesWithTheSettings()
+    {
+        CSettings settings = fullSettings(2);
+        settings.setDriveThroughSound(QStringLiteral("lap.wav"));
+        settings.setNewBestLapSound(QStringLiteral("best.wav"));
+        settings.setSoundEnhanced(true);
+        QStringList calls;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingLib>(calls)));
+        QCOMPARE(calls, QStringList());
+        panel.setSettings(&settings);
+        QCOMPARE(calls.mid(calls.size() - 4), (QStringList{"unloadAll", "load lap.wav", "load best.wav", "load best.wav"}));
+    }
+
+    void silentSettingsLoadNoSamples()
+    {
+        CSettings settings = fullSettings(2);
+        QStringList calls;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingLib>(calls)));
+        panel.setSettings(&settings);
+        QCOMPARE(calls, QStringList());
+    }
+
+    void voiceOfALap_data()
+    {
+        QTest::addColumn<bool>("laps");
+        QTest::addColumn<bool>("time");
+        QTest::addColumn<bool>("bestOnly");
+        QTest::addColumn<int>("lapKind");
+        QTest::addColumn<QStringList>("expected");
+        const QString count = QStringLiteral("text 012");
+        const QString time = QStringLiteral("text 00:05:734");
+        const QString best = QStringLiteral("text B00:05:734");
+        const QString lapSample = QStringLiteral("sample 1");
+        const QString bestSample = QStringLiteral("sample 2");
+        using Calls = QStringList;
+        QTest::newRow("all off: a lap plays the lap sample") << false << false << false << 1 << Calls{lapSample};
+        QTest::newRow("all off: a best lap plays the best lap sample")
+            << false << false << false << 2 << Calls{bestSample};
+        QTest::newRow("count, lap") << true << false << false << 1 << Calls{count};
+        QTest::newRow("count, best lap") << true << false << false << 2 << Calls{count};
+        QTest::newRow("time, lap") << false << true << false << 1 << Calls{time};
+        QTest::newRow("time, best lap") << false << true << false << 2 << Calls{best};
+        QTest::newRow("count and time, lap") << true << true << false << 1 << Calls{count, time};
+        QTest::newRow("count and time, best lap") << true << true << false << 2 << Calls{count, best};
+        QTest::newRow("best times only, count off, lap") << false << true << true << 1 << Calls{lapSample};
+        QTest::newRow("best times only, count off, best lap") << false << true << true << 2 << Calls{best};
+        QTest::newRow("best times only, count on, lap") << true << true << true << 1 << Calls{count};
+        QTest::newRow("best times only, count on, best lap") << true << true << true << 2 << Calls{count, best};
+        QTest::newRow("best times only without times, lap") << false << false << true << 1 << Calls{lapSample};
+        QTest::newRow("best times only without times, best lap") << false << false << true << 2 << Calls{bestSample};
+        QTest::newRow("a sensor in the middle of a lap cuts the announcement") << true << true << false << 0 << Calls{};
+        QTest::newRow("an unknown kind speaks nothing") << true << true << false << 3 << Calls{};
+    }
+
+    void voiceOfALap()
+    {
+        QFETCH(bool, laps);
+        QFETCH(bool, time);
+        QFETCH(bool, bestOnly);
+        QFETCH(int, lapKind);
+        QFETCH(QStringList, expected);
+        CSettings settings = fullSettings(2);
+        settings.setSoundEnhanced(true);
+        settings.setSoundVoiceOutputLaps(laps);
+        settings.setSoundVoiceOutputLapTime(time);
+        settings.setSoundVoiceOutputBestLapTime(bestOnly);
+        QStringList calls;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingLib>(calls)));
+        panel.setSettings(&settings);
+        panel.setLaps(12);
+        panel.setLastLap(QTime(0, 0, 5, 734));
+        calls.clear();
+        panel.voiceOutput(lapKind);
+        QCOMPARE(calls, QStringList{"stop"} + expected + QStringList{"play"});
+    }
+
+    void voiceIsSilentWithoutItsSettingAndOnALegend()
+    {
+        CSettings settings = fullSettings(2);
+        QStringList calls;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingLib>(calls)));
+        panel.setSettings(&settings);
+        panel.voiceOutput(1);
+        QCOMPARE(calls, QStringList());
+        settings.setSoundEnhanced(true);
+        CTrackDisplay legend(2, &settings, nullptr, 1, 1);
+        legend.setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingLib>(calls)));
+        legend.setSettings(&settings);
+        legend.voiceOutput(1);
+        QCOMPARE(calls, QStringList());
+    }
+
+    // --- costs ---
+
+    void newFiguresMoveNoLayout()
+    {
+        CSettings settings = fullSettings(1);
+        CTrackDisplay panel(1, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        panel.reset();
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        const QSize before = panel.sizeHint();
+        LayoutRequests requests(panel);
+        panel.setLaps(1000);
+        panel.setLastLap(QTime(0, 0, 5, 734));
+        panel.setStatus(5);
+        panel.setSpeed(123.4);
+        panel.setFuel(99);
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents();
+        QCOMPARE(requests.count, 0);
+        QCOMPARE(panel.sizeHint(), before);
+    }
+
+private:
+    class LayoutRequests : public QObject
+    {
+    public:
+        explicit LayoutRequests(QWidget& widget) { widget.installEventFilter(this); }
+        int count = 0;
+
+    protected:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            count += event->type() == QEvent::LayoutRequest ? 1 : 0;
+            return false;
+        }
+    };
+
+    static void contentColumns(bool track)
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("color");
+        QTest::addColumn<QString>("expected");
+        const auto add = [track](const char* name, const char* trackColor, const char* trackText, const char* legend) {
+            QTest::newRow(name) << name << (track ? trackColor : "#999999") << (track ? trackText : legend);
+        };
+        add("lapCount", "#FFC80A", "110", "");
+        add("lastLap", "#FFC80A", "00:05:734", "<LAST>");
+        add("bestLap", "#FF3214", "00:05:421", "<FAST>");
+        add("status", "#FF3214", "---", "");
+        add("averageLap", "#FFC80A", "00:05:734", "<AVER>");
+        add("section1", "#FFC80A", "00:05:734", "");
+        add("section2", "#FFC80A", "00:05:734", "");
+        add("section3", "#FFC80A", "00:05:734", "");
+        add("speed", "#FFC80A", "123,4 km/h", "<SPEED>");
+        add("fuelLabel", "#999999", "<FUEL>", "<FUEL>");
+        add("driverLabel", "#999999", "<DRIVER>", "<DRIVER>");
+        add("carLabel", "#999999", "<CAR>", "<CAR>");
+    }
+
+    static void checkContent(int type)
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, color);
+        CSettings settings;
+        CTrackDisplay panel(type, &settings, nullptr, 1, 3);
+        QTEST(text(panel, name), "expected");
+        QCOMPARE(label(panel, name)->color(), QColor(color));
+        QCOMPARE(fuelBar(panel)->minimum(), 0);
+        QCOMPARE(fuelBar(panel)->maximum(), 100);
+    }
+
+    static void checkBoxRow(QLayoutItem* item, const char* boxName, const char* buttonName)
+    {
+        QVERIFY(item->layout());
+        QCOMPARE(item->alignment(), Qt::Alignment(Qt::AlignHCenter));
+        QCOMPARE(item->layout()->itemAt(0)->widget()->objectName(), QLatin1String(boxName));
+        QCOMPARE(item->layout()->itemAt(1)->widget()->objectName(), QLatin1String(buttonName));
+    }
+
+    static QString shownSections(const CTrackDisplay& panel)
+    {
+        QString shown;
+        for (const char* number : {"1", "2", "3"})
+            shown += label(panel, QStringLiteral("section") + number)->isHidden() ? QString() : QString(number);
+        return shown;
+    }
+
+    static void labelColumns()
+    {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QSize>("expected");
+        QTest::addColumn<int>("points");
+    }
+
+    /** Four sizes, and one row for a size outside them. */
+    static void addLabelRows(const QString& name, const QVector<int>& widths, const QVector<int>& heights,
+                             const QVector<int>& points)
+    {
+        const QVector<QPair<int, int>> columns{{1, 0}, {2, 1}, {3, 2}, {4, 3}, {0, 1}, {5, 1}, {-1, 1}};
+        for (const auto& [size, column] : columns)
+            QTest::newRow(qPrintable(QString("%1 in size %2").arg(name).arg(size)))
+                << size << name << QSize(widths.at(column), heights.at(column)) << points.at(column);
+    }
+
+    static void checkLabelSize(int type)
+    {
+        QFETCH(int, size);
+        QFETCH(QString, name);
+        CSettings settings = fullSettings(size);
+        CTrackDisplay panel(type, &settings, nullptr, 1, 3);
+        panel.setSettings(&settings);
+        QTEST(label(panel, name)->sizeHint(), "expected");
+        QTEST(label(panel, name)->font().pointSize(), "points");
+        QCOMPARE(label(panel, name)->font().family(), QStringLiteral("Arial"));
+    }
+
+    /** @return the extent of the letters, in the label itself or with room on all sides. */
+    static QSize inkSize(const CRichLabel& original, int room)
+    {
+        CRichLabel copy(original.text(), Qt::white);
+        QPalette black = copy.palette();
+        black.setColor(QPalette::Window, Qt::black);
+        copy.setPalette(black);
+        copy.setFont(original.font());
+        copy.setWidth(original.sizeHint().width() + room);
+        copy.setHeight(original.sizeHint().height() + room);
+        return inkOf(pictureOf(copy), Qt::black).size();
+    }
+
+    static void expectNothingCut(const CRichLabel& shown)
+    {
+        QVERIFY2(inkSize(shown, 0) == inkSize(shown, 200), qPrintable(shown.objectName() + ' ' + shown.text()));
+    }
+
+    static void expectNoSideCut(const CRichLabel& shown)
+    {
+        QVERIFY2(inkSize(shown, 0).width() == inkSize(shown, 200).width(),
+                 qPrintable(shown.objectName() + ' ' + shown.text()));
+    }
+};
+
+QTEST_MAIN(tst_CTrackDisplay)
+#include "tst_CTrackDisplay.moc"
