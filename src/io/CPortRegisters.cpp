@@ -4,6 +4,20 @@
 #include "io/CPpdevRegisters.h"
 #include "io/IoLog.h"
 
+#include <atomic>
+
+namespace {
+
+void tellOnce(short address)
+{
+    static std::atomic<bool> told{false};
+    if (told.load(std::memory_order_relaxed) || told.exchange(true))
+        return;
+    qCDebug(ioLog).nospace() << "no parallel port with the register 0x" << Qt::hex << quint16(address);
+}
+
+} // namespace
+
 std::unique_ptr<CPortRegisters> CPortRegisters::create()
 {
     auto library = std::make_unique<CInpOutRegisters>();
@@ -24,11 +38,4 @@ short CNoPortRegisters::read(short address)
 void CNoPortRegisters::write(short address, short)
 {
     tellOnce(address);
-}
-
-void CNoPortRegisters::tellOnce(short address)
-{
-    if (m_told.load(std::memory_order_relaxed) || m_told.exchange(true))
-        return;
-    qCDebug(ioLog).nospace() << "no parallel port with the register 0x" << Qt::hex << quint16(address);
 }

@@ -1,7 +1,6 @@
 #ifndef TORNIK_IO_CPORTREGISTERS_H
 #define TORNIK_IO_CPORTREGISTERS_H
 
-#include <atomic>
 #include <memory>
 
 /**
@@ -25,7 +24,10 @@ public:
     static std::unique_ptr<CPortRegisters> create();
 };
 
-/** Where there is no port: every register reads 255 and swallows what is written. */
+/**
+ * Where there is no port: every register reads 255 and swallows what is written. The first use in
+ * this process says so in a debug line.
+ */
 class CNoPortRegisters : public CPortRegisters
 {
 public:
@@ -33,11 +35,6 @@ public:
 
     short read(short address) override;
     void write(short address, short value) override;
-
-private:
-    void tellOnce(short address);
-
-    std::atomic<bool> m_told{false};
 };
 
 #endif
