@@ -50,6 +50,11 @@ CKelmoPortSimulator::CKelmoPortSimulator(QWidget* parent) : QDialog(parent), m_s
     m_clock.start();
 }
 
+CKelmoPortSimulator::~CKelmoPortSimulator()
+{
+    hide(); // releases a held button while there is still a slot for it
+}
+
 CKelmoPortSimulator::Row CKelmoPortSimulator::addRow(QVBoxLayout* layout, Kind kind)
 {
     const RowDescription& description = rowDescriptions[kind];

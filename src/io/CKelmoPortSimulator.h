@@ -30,6 +30,7 @@ class CKelmoPortSimulator : public QDialog
 
 public:
     explicit CKelmoPortSimulator(QWidget* parent = nullptr);
+    ~CKelmoPortSimulator() override;
 
     /** @param receiver the race; not owned */
     void setReceiver(QObject* receiver) { m_receiver = receiver; }

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void digitIsTheAcceleratorOfItsButton();
     void releaseWithNothingPressedBeforePostsAnEvent();
     void onePressReplacesThePatternBefore();
+    void closingTheDialogReleasesAHeldButton();
+    void deletingTheDialogReleasesAHeldButton();
     void eachOpeningBeginsANewTimeBaseNearZero();
     void stampsGrowWithTheClock();
     void eventsMixWithThoseOfAnInterfaceOnAnotherTimeBase();
@@ -229,6 +231,27 @@ void tst_CKelmoPortSimulator::onePressReplacesThePatternBefore()
     QTest::mousePress(button("slot2"), Qt::LeftButton);
     QTRY_COMPARE(m_sink->events.size(), 2);
     QCOMPARE(m_sink->closed(1), QList<int>{2});
+}
+
+void tst_CKelmoPortSimulator::closingTheDialogReleasesAHeldButton()
+{
+    m_simulator->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_simulator.get()));
+    QTest::mousePress(button("slot1"), Qt::LeftButton);
+    m_simulator->close();
+    QTRY_COMPARE(m_sink->events.size(), 2);
+    QCOMPARE(m_sink->closed(0), QList<int>{1});
+    QCOMPARE(m_sink->closed(1), QList<int>());
+}
+
+void tst_CKelmoPortSimulator::deletingTheDialogReleasesAHeldButton()
+{
+    m_simulator->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_simulator.get()));
+    QTest::mousePress(button("slot1"), Qt::LeftButton);
+    m_simulator.reset();
+    QTRY_COMPARE(m_sink->events.size(), 2);
+    QCOMPARE(m_sink->closed(1), QList<int>());
 }
 
 void tst_CKelmoPortSimulator::eachOpeningBeginsANewTimeBaseNearZero()
