@@ -18,10 +18,9 @@
 #include <QRandomGenerator>
 #include <QThread>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <atomic>
+#include <benchmark/benchmark.h>
 #include <cmath>
 #include <memory>
 #include <thread>
@@ -172,8 +171,7 @@ void report(benchmark::State& state, const std::vector<double>& moments, const s
             distances.push_back(std::abs(stamps[i] - moments[i]));
     }
     std::sort(distances.begin(), distances.end());
-    const auto within =
-        std::upper_bound(distances.begin(), distances.end(), 1.0) - distances.begin();
+    const auto within = std::upper_bound(distances.begin(), distances.end(), 1.0) - distances.begin();
     state.counters["changes"] = double(moments.size());
     state.counters["missed"] = double(moments.size() - distances.size());
     state.counters["within_1ms"] = double(within) / double(moments.size());

@@ -2,6 +2,8 @@
 #include "TestPort.h"
 #include "io/CInpOutLibrary.h"
 #include "io/CParallelPortIo.h"
+#include "race/CLightAction.h"
+#include "race/CRacewayOutputs.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -225,14 +227,23 @@ void tst_CParallelPortIo::invertedOutputWithOnTrueClearsItsBits()
 
 void tst_CParallelPortIo::sixthRedLampWritesTheRegisterWithTheBitsOfTheOpenState()
 {
-    QCOMPARE(PortId::redLamp(5), 0);
-    m_io->setPortState(0, 0x41, false);
-    m_io->setPortState(10, 2, false);
-    m_io->setOutput(10, true);
-    m_io->setOutput(10, false);
-    m_io->setOutput(PortId::redLamp(5), true);
-    QCOMPARE((*m_port)->read(TestPort::Data), short(0x41));
-    m_io->setOutput(PortId::redLamp(5), false);
+    m_io->setPortState(PortId::Open, 0x41, false);
+    for (int lamp = 0; lamp < PortId::RedLamps; ++lamp)
+        m_io->setPortState(PortId::redLamp(lamp), 2 << lamp, false);
+    CRacewayOutputs outputs;
+    outputs.setIo(m_io.get());
+    outputs.setExternalLightsAvailable(true);
+    outputs.updateLights(CLightAction::AllOff);
+    for (int lamp = 0; lamp < PortId::RedLamps; ++lamp)
+        outputs.updateLights(CLightAction::NextRed);
+    QCOMPARE((*m_port)->read(TestPort::Data), short(0x7F));
+
+    m_io->setPortState(PortId::Open, 0x81, false); // the outputs return to it with the next write
+    const unsigned before = (*m_port)->writes();
+    outputs.updateLights(CLightAction::NextRed);
+    QCOMPARE((*m_port)->writes() - before, 1U);
+    QCOMPARE((*m_port)->read(TestPort::Data), short(0x81));
+    m_io->setOutput(PortId::Open, false);
     QCOMPARE((*m_port)->read(TestPort::Data), short(0));
 }
 

@@ -1,7 +1,6 @@
-#include "shell/CInfoFrame.h"
-
 #include "race/CRaceSettings.h"
 #include "shell/CClickableLabel.h"
+#include "shell/CInfoFrame.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -28,8 +27,8 @@ private Q_SLOTS:
     void captionsStandInOrderAndBold()
     {
         const CInfoFrame frame;
-        const QStringList captions{"Rennstrecke: ",   "Startbedingung: ", "Endebedingung: ",
-                                   "Siegbedingung: ", "Renndauer: ",      ""};
+        const QStringList captions{
+            "Rennstrecke: ", "Startbedingung: ", "Endebedingung: ", "Siegbedingung: ", "Renndauer: ", ""};
         for (int row = 0; row < captions.size(); ++row) {
             const QLabel* label = cell(frame, row, 0);
             QVERIFY(label);

@@ -1,10 +1,9 @@
-#include "shell/CTrackDisplay.h"
-
 #include "shell/CQrReaderButton.h"
 #include "shell/CRichComboBox.h"
 #include "shell/CRichLabel.h"
 #include "shell/CRichProgressBar.h"
 #include "shell/CSettings.h"
+#include "shell/CTrackDisplay.h"
 #include "sound/CSoundOutput.h"
 #include "sound/SoundOutLib.h"
 #include "support/Ink.h"
@@ -43,8 +42,8 @@ private:
     int m_lastId = 0;
 };
 
-const QStringList LabelNames{"lapCount",   "lastLap",  "bestLap",  "status",   "averageLap",  "section1",
-                             "section2",   "section3", "speed",    "fuelLabel", "driverLabel", "carLabel"};
+const QStringList LabelNames{"lapCount", "lastLap",  "bestLap", "status",    "averageLap",  "section1",
+                             "section2", "section3", "speed",   "fuelLabel", "driverLabel", "carLabel"};
 const QStringList TimeNames{"lastLap", "bestLap", "averageLap", "section1", "section2", "section3"};
 
 CRichLabel* label(const CTrackDisplay& panel, const QString& name)
@@ -177,8 +176,9 @@ private Q_SLOTS:
         const auto* layout = qobject_cast<QVBoxLayout*>(panel.layout());
         QVERIFY(layout);
         QCOMPARE(layout->sizeConstraint(), QLayout::SetMinimumSize);
-        const QStringList order{"lapCount",   "section1", "section2", "section3",  "lastLap",     "bestLap", "status",
-                                "averageLap", "speed",    "fuelBar",  "fuelLabel", "driverLabel", "carLabel"};
+        const QStringList order{"lapCount",  "section1",    "section2",   "section3", "lastLap",
+                                "bestLap",   "status",      "averageLap", "speed",    "fuelBar",
+                                "fuelLabel", "driverLabel", "carLabel"};
         for (int i = 0; i < order.size(); ++i) {
             QCOMPARE(layout->itemAt(i)->widget()->objectName(), order.at(i));
             const Qt::Alignment expected = order.at(i) == "fuelBar" ? Qt::Alignment() : Qt::AlignHCenter;
@@ -206,9 +206,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("type");
-        for (const char* name : {"lapCount", "lastLap", "bestLap", "status", "averageLap", "speed", "fuelBar"})
+        for (const char* name :
+             {"lapCount", "lastLap", "bestLap", "status", "averageLap", "speed", "fuelBar"})
             QTest::newRow(qPrintable(QString("%1 of a track").arg(name))) << name << 1;
-        for (const char* name : {"lapCount", "lastLap", "bestLap", "status", "averageLap", "speed", "fuelLabel"})
+        for (const char* name :
+             {"lapCount", "lastLap", "bestLap", "status", "averageLap", "speed", "fuelLabel"})
             QTest::newRow(qPrintable(QString("%1 of a legend").arg(name))) << name << 2;
     }
 
@@ -806,7 +808,8 @@ private Q_SLOTS:
         panel.setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingLib>(calls)));
         QCOMPARE(calls, QStringList());
         panel.setSettings(&settings);
-        QCOMPARE(calls.mid(calls.size() - 4), (QStringList{"unloadAll", "load lap.wav", "load best.wav", "load best.wav"}));
+        QCOMPARE(calls.mid(calls.size() - 4),
+                 (QStringList{"unloadAll", "load lap.wav", "load best.wav", "load best.wav"}));
     }
 
     void silentSettingsLoadNoSamples()
@@ -832,7 +835,8 @@ private Q_SLOTS:
         const QString lapSample = QStringLiteral("sample 1");
         const QString bestSample = QStringLiteral("sample 2");
         using Calls = QStringList;
-        QTest::newRow("all off: a lap plays the lap sample") << false << false << false << 1 << Calls{lapSample};
+        QTest::newRow("all off: a lap plays the lap sample")
+            << false << false << false << 1 << Calls{lapSample};
         QTest::newRow("all off: a best lap plays the best lap sample")
             << false << false << false << 2 << Calls{bestSample};
         QTest::newRow("count, lap") << true << false << false << 1 << Calls{count};
@@ -844,10 +848,14 @@ private Q_SLOTS:
         QTest::newRow("best times only, count off, lap") << false << true << true << 1 << Calls{lapSample};
         QTest::newRow("best times only, count off, best lap") << false << true << true << 2 << Calls{best};
         QTest::newRow("best times only, count on, lap") << true << true << true << 1 << Calls{count};
-        QTest::newRow("best times only, count on, best lap") << true << true << true << 2 << Calls{count, best};
-        QTest::newRow("best times only without times, lap") << false << false << true << 1 << Calls{lapSample};
-        QTest::newRow("best times only without times, best lap") << false << false << true << 2 << Calls{bestSample};
-        QTest::newRow("a sensor in the middle of a lap cuts the announcement") << true << true << false << 0 << Calls{};
+        QTest::newRow("best times only, count on, best lap")
+            << true << true << true << 2 << Calls{count, best};
+        QTest::newRow("best times only without times, lap")
+            << false << false << true << 1 << Calls{lapSample};
+        QTest::newRow("best times only without times, best lap")
+            << false << false << true << 2 << Calls{bestSample};
+        QTest::newRow("a sensor in the middle of a lap cuts the announcement")
+            << true << true << false << 0 << Calls{};
         QTest::newRow("an unknown kind speaks nothing") << true << true << false << 3 << Calls{};
     }
 
@@ -934,7 +942,8 @@ private:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("color");
         QTest::addColumn<QString>("expected");
-        const auto add = [track](const char* name, const char* trackColor, const char* trackText, const char* legend) {
+        const auto add = [track](const char* name, const char* trackColor, const char* trackText,
+                                 const char* legend) {
             QTest::newRow(name) << name << (track ? trackColor : "#999999") << (track ? trackText : legend);
         };
         add("lapCount", "#FFC80A", "110", "");
@@ -975,7 +984,8 @@ private:
     {
         QString shown;
         for (const char* number : {"1", "2", "3"})
-            shown += label(panel, QStringLiteral("section") + number)->isHidden() ? QString() : QString(number);
+            shown +=
+                label(panel, QStringLiteral("section") + number)->isHidden() ? QString() : QString(number);
         return shown;
     }
 
@@ -1024,7 +1034,8 @@ private:
 
     static void expectNothingCut(const CRichLabel& shown)
     {
-        QVERIFY2(inkSize(shown, 0) == inkSize(shown, 200), qPrintable(shown.objectName() + ' ' + shown.text()));
+        QVERIFY2(inkSize(shown, 0) == inkSize(shown, 200),
+                 qPrintable(shown.objectName() + ' ' + shown.text()));
     }
 
     static void expectNoSideCut(const CRichLabel& shown)
