@@ -1,0 +1,69 @@
+#ifndef TORNIK_DATA_TABLEACCESS_H
+#define TORNIK_DATA_TABLEACCESS_H
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QSqlQueryModel>
+#include <QSqlRecord>
+#include <QSqlTableModel>
+#include <QStringList>
+#include <QVariantList>
+
+/**
+ * What the lists of the database share. Everything runs on the default connection, in the main
+ * thread; a statement that fails gives no rows.
+ */
+namespace TableAccess {
+
+/** Qt fetches 256 rows at a time; a box or a row number beyond them needs them all. */
+void fetchAllRows(QSqlQueryModel& model);
+
+/** Re-selects the table, with all its rows. */
+void selectAll(QSqlTableModel& model);
+
+/** Submits the pending changes; those that fail are forgotten and not tried again by the next. */
+void submitAll(QSqlTableModel& model);
+
+/** Runs the query, fetches all its rows and names the columns. */
+void setQuery(QSqlQueryModel& model, const QString& statement, const QStringList& headers);
+
+/** @return the number of rows that the statement yields. */
+int countRows(const QString& statement);
+
+/** @return the number of the first row whose first column has the id; 0 if none has. */
+int rowOfId(const QString& statement, int id);
+
+/** @return the number of the first row whose first column is exactly the text; -1 if none is. */
+int rowOfText(const QString& statement, const QString& text);
+
+/** Runs a statement with its "?" bound in order. @return whether it succeeded. */
+bool execBound(const QString& statement, const QVariantList& values);
+
+/** @return the text for a column: never NULL, which a null text would be bound as. */
+QString columnText(const QString& text);
+
+} // namespace TableAccess
+
+/**
+ * Adds many rows to a table in one transaction, which ends with the object. A row that fails is
+ * passed over.
+ */
+class CRowInserter
+{
+public:
+    /** @param fields the columns that each row sets, apart from `id` */
+    CRowInserter(const QString& table, const QSqlRecord& fields);
+    ~CRowInserter();
+
+    /** @param row the fields told at the start, in their order */
+    void add(const QSqlRecord& row);
+
+private:
+    Q_DISABLE_COPY(CRowInserter)
+
+    QSqlDatabase m_database;
+    bool m_inTransaction;
+    QSqlQuery m_query;
+};
+
+#endif
