@@ -1,4 +1,3 @@
-#include "data/CDatabase.h"
 #include "data/CRacewayList.h"
 #include "support/DatabaseFile.h"
 
@@ -151,13 +150,12 @@ void tst_CRacewayList::cleanup()
 
 void tst_CRacewayList::aFreshFileHasNoRacewayUntilTheListAddsTheDefaultOne()
 {
-    CDatabase::instance();
+    const DatabaseReference reference;
     QCOMPARE(DatabaseFile().value("SELECT COUNT(*) FROM raceways"), QString("0"));
 
     const CRacewayList list;
 
     QCOMPARE(DatabaseFile().rows("SELECT id, name, currentRw FROM raceways"), QStringList{"1|Default|x"});
-    CDatabase::release();
 }
 
 void tst_CRacewayList::theDefaultRacewayReadsBackAsItIsBuilt()
@@ -553,7 +551,7 @@ void tst_CRacewayList::aModelIsReadAfreshByItsGetter()
 
 void tst_CRacewayList::aThousandRacewaysAreAllThere()
 {
-    CDatabase::instance();
+    const DatabaseReference reference;
     QVERIFY(DatabaseFile().exec(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
         "INSERT INTO raceways(name, noOfTracks, currentRw) SELECT printf('Bahn %04d', i), 2, '' FROM n"));
@@ -565,7 +563,6 @@ void tst_CRacewayList::aThousandRacewaysAreAllThere()
     QCOMPARE(list.currentRow(), 999);
     QCOMPARE(list.overviewModel()->rowCount(), 1000);
     QCOMPARE(list.detailModel()->rowCount(), 1000);
-    CDatabase::release();
 }
 
 void tst_CRacewayList::aDatabaseThatCannotBeOpenedGivesNoRaceway()

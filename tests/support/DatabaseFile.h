@@ -1,6 +1,8 @@
 #ifndef TORNIK_TESTS_SUPPORT_DATABASEFILE_H
 #define TORNIK_TESTS_SUPPORT_DATABASEFILE_H
 
+#include "data/CDatabase.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSqlDatabase>
@@ -38,6 +40,17 @@ inline bool writeContent(const QString& fileName, const QByteArray& content)
     QFile file(fileName);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
+
+/** Holds the program's own connection open, as a list does. */
+class DatabaseReference
+{
+public:
+    DatabaseReference() { CDatabase::instance(); }
+    ~DatabaseReference() { CDatabase::release(); }
+
+private:
+    Q_DISABLE_COPY(DatabaseReference)
+};
 
 /** A SQLite file opened on a connection of its own, beside the program's. */
 class DatabaseFile
