@@ -214,7 +214,7 @@ private:
     bool m_fuelEnabled = false;
     int m_refuelInterval = 0;
     double m_refuelAmount = 0.0;
-    QTimer m_refuelTimer;
+    QTimer m_refuelTimer{this};
     int m_emptyReaction = 0;
     int m_emptyPenaltyTime = 0;
     bool m_lapCountingBlocked = false;

@@ -379,19 +379,13 @@ void tst_CRaceMemberFuel::theTimerIsNotRestartedByFurtherEvents()
     CRaceMember member;
     prepare(member, 0.0, 5.0, CRaceMember::BlockLapCounting);
     member.setRefuelStartPin(Pin::Fuel);
-    member.setRefuelInterval(20);
-    // An event on each turn of the loop: a timer that is restarted each time would never fire.
-    quint32 time = 0;
-    const QBitArray sensors = active({Pin::Fuel});
-    const auto refuelledMeanwhile = [&] {
-        member.processRefuelSensors(sensors, ++time);
-        return member.fuelPercent() > 0;
-    };
-    QElapsedTimer clock;
-    clock.start();
-    while (!refuelledMeanwhile() && clock.elapsed() < 20000)
-        QCoreApplication::processEvents();
-    QVERIFY(member.fuelPercent() > 0);
+    const auto* timer = member.findChild<QTimer*>();
+    QVERIFY(timer != nullptr);
+    member.processRefuelSensors(active({Pin::Fuel}), 1000);
+    QCOMPARE(timer->interval(), 100);
+    member.setRefuelInterval(200); // a new start would take it
+    member.processRefuelSensors(active({Pin::Fuel}), 1001);
+    QCOMPARE(timer->interval(), 100);
 }
 
 void tst_CRaceMemberFuel::withoutFuelNothingRefuels()
