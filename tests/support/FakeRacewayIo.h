@@ -34,6 +34,7 @@ public:
     {
         *m_log << QStringLiteral("start");
         m_running = true;
+        m_pollsUntilStopped = 0;
     }
     /** The "thread" leaves its loop some polls later. */
     void stop() override
