@@ -105,6 +105,12 @@ void CCarreraCuThread::queueCommand(const QString& text)
     m_commands.append(text);
 }
 
+bool CCarreraCuThread::hasCommands() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return !m_commands.isEmpty();
+}
+
 void CCarreraCuThread::run()
 {
     const QString name = portName();

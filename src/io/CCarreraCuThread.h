@@ -49,6 +49,8 @@ public:
     void queueT22();
     void queueT11();
     void queueZero();
+    /** @return whether a command still waits to be sent. */
+    bool hasCommands() const;
 
 protected:
     void run() override;

@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <cstring>
+#include <functional>
 
 /** What a FakeLine is told and what it saw; outlives the device that a CCarreraCu makes and drops. */
 struct FakeLineScript
@@ -15,8 +16,9 @@ struct FakeLineScript
     QByteArray written;
     int writes = 0;
     bool opens = true;
-    bool takesBytes = true;     ///< false: a wait for bytes to leave ends in vain
-    int mostBytesAWrite = 1000; ///< fewer: the line takes only the first ones
+    bool takesBytes = true;            ///< false: a wait for bytes to leave ends in vain
+    std::function<void()> whenAllRead; ///< called at each wait with nothing left
+    int mostBytesAWrite = 1000;        ///< fewer: the line takes only the first ones
 };
 
 /** A line in memory that follows a script. */
@@ -31,8 +33,11 @@ public:
 
     bool waitForReadyRead(int /*milliseconds*/) override
     {
-        if (m_script->reads.isEmpty())
+        if (m_script->reads.isEmpty()) {
+            if (m_script->whenAllRead)
+                m_script->whenAllRead();
             return false;
+        }
         const QByteArray chunk = m_script->reads.takeFirst();
         m_arrived += chunk;
         return !chunk.isEmpty();

@@ -1,0 +1,73 @@
+#ifndef TORNIK_TESTS_SUPPORT_CONTROLUNITDEVICE_H
+#define TORNIK_TESTS_SUPPORT_CONTROLUNITDEVICE_H
+
+#include "ControlUnitModel.h"
+
+#include <QIODevice>
+
+#include <cstring>
+
+/** The clock of a virtual unit that runs only while somebody waits for it. */
+struct WaitingClock
+{
+    qint64 now = 0; ///< microseconds
+};
+
+/**
+ * A line to a ControlUnitModel in memory: a wait takes no time, it moves the unit's clock. An
+ * adapter with a latency hands over late, and then all that has gathered.
+ */
+class ControlUnitDevice : public QIODevice
+{
+public:
+    ControlUnitDevice(ControlUnitModel* model, WaitingClock* clock, qint64 latency = 0)
+        : m_model(model), m_clock(clock), m_latency(latency)
+    {
+    }
+
+    bool isSequential() const override { return true; }
+    qint64 bytesAvailable() const override { return m_arrived.size() + QIODevice::bytesAvailable(); }
+
+    bool waitForReadyRead(int milliseconds) override
+    {
+        const qint64 deadline = m_clock->now + milliseconds * qint64(1000);
+        QByteArray bytes = m_model->transmit();
+        while (bytes.isEmpty()) {
+            const qint64 next = m_model->nextChange();
+            if (next < 0 || next > deadline) {
+                m_clock->now = deadline;
+                return false;
+            }
+            m_clock->now = qMax(m_clock->now, next);
+            bytes = m_model->transmit();
+        }
+        m_clock->now += m_latency;
+        m_arrived += bytes + m_model->transmit();
+        return true;
+    }
+
+    bool waitForBytesWritten(int /*milliseconds*/) override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override
+    {
+        const int size = int(qMin(maxSize, qint64(m_arrived.size())));
+        std::memcpy(data, m_arrived.constData(), std::size_t(size));
+        m_arrived.remove(0, size);
+        return size;
+    }
+
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        m_model->receive(QByteArray(data, int(size)));
+        return size;
+    }
+
+private:
+    ControlUnitModel* m_model;
+    WaitingClock* m_clock;
+    qint64 m_latency;
+    QByteArray m_arrived;
+};
+
+#endif
