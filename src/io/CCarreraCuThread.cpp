@@ -120,25 +120,45 @@ void CCarreraCuThread::run()
     if (isInterruptionRequested())
         m_running = false;
     m_cu->queueText(pollText());
-    QString previous;
+    Polling polling;
     while (m_running) {
-        pass(&previous);
+        pass(&polling);
         usleep(1);
     }
     m_cu->closePort();
 }
 
-void CCarreraCuThread::pass(QString* previous)
+void CCarreraCuThread::pass(Polling* polling)
 {
-    if (m_cu->receiveFrame()) {
-        const QString text = m_cu->lastFrameText();
-        if (text != *previous)
-            postFrame(text);
-        *previous = text;
-    } else if (!m_cu->sendPending()) {
-        m_cu->queueText(takeNextText());
-        m_cu->sendPending();
-    }
+    const bool receivedBefore = polling->received;
+    polling->received = m_cu->receiveFrame();
+    if (polling->received)
+        takeFrame(polling);
+    else if (receivedBefore)
+        polling->unanswered = 0; // the unit answers again, and what didn't come was never heard
+    // After a silence several answers may be due. Asking again at each of them would keep as many
+    // questions under way for ever.
+    if (polling->received && polling->unanswered > 0)
+        return;
+    sendNext();
+    ++polling->unanswered;
+}
+
+void CCarreraCuThread::takeFrame(Polling* polling)
+{
+    const QString text = m_cu->lastFrameText();
+    if (text != polling->previous)
+        postFrame(text);
+    polling->previous = text;
+    polling->unanswered = qMax(0, polling->unanswered - 1);
+}
+
+void CCarreraCuThread::sendNext()
+{
+    if (m_cu->sendPending())
+        return;
+    m_cu->queueText(takeNextText());
+    m_cu->sendPending();
 }
 
 void CCarreraCuThread::postFrame(const QString& text)

@@ -56,7 +56,17 @@ protected:
     void run() override;
 
 private:
-    void pass(QString* previous);
+    /** What the loop remembers from pass to pass. */
+    struct Polling
+    {
+        QString previous;      ///< the frame received last
+        int unanswered = 0;    ///< questions sent whose answer may still come
+        bool received = false; ///< the pass before brought a frame
+    };
+
+    void pass(Polling* polling);
+    void takeFrame(Polling* polling);
+    void sendNext();
     void postFrame(const QString& text);
     void queueCommand(const QString& text);
     QString takeNextText();

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void withoutATargetFramesAreDropped();
     void everyCrossingOfAnAdapterWithLatencyArrives_data();
     void everyCrossingOfAnAdapterWithLatencyArrives();
+    void theNextPollFollowsTheAnswerAtOnce();
+    void lateAnswersLeaveOneQuestionUnderWay();
     void overATerminalCrossingsArrive();
     void aSilentUnitIsPolledOn();
     void lateAnswersThatArriveJoinedLoseNoCrossing();
@@ -56,6 +58,7 @@ private Q_SLOTS:
 private:
     void useFakeLine();
     void run(const QList<QByteArray>& reads);
+    void runUntil(ControlUnitModel* model, WaitingClock* clock, const std::function<bool()>& isEnough);
     static QStringList texts(const QList<QByteArray>& frames);
 
     FakeLineScript m_script;
@@ -98,6 +101,25 @@ void tst_CCarreraCuThread::run(const QList<QByteArray>& reads)
     m_thread->stop();
     QVERIFY(m_thread->wait(10000));
     QCoreApplication::sendPostedEvents(m_target);
+}
+
+/** Runs the thread on a unit in memory; the condition is looked at by the thread before each wait. */
+void tst_CCarreraCuThread::runUntil(ControlUnitModel* model, WaitingClock* clock,
+                                    const std::function<bool()>& isEnough)
+{
+    QSemaphore enough;
+    bool isOver = false;
+    clock->atWait = [&] {
+        isOver = isOver || isEnough();
+        if (isOver)
+            enough.release();
+    };
+    m_cu->setPortMaker([&](const QString&) { return std::make_unique<ControlUnitDevice>(model, clock); });
+    m_thread->setPortName(QStringLiteral("memory"));
+    m_thread->start();
+    QVERIFY(enough.tryAcquire(1, 60000));
+    m_thread->stop();
+    QVERIFY(m_thread->wait(10000));
 }
 
 QStringList tst_CCarreraCuThread::texts(const QList<QByteArray>& frames)
@@ -210,6 +232,7 @@ void tst_CCarreraCuThread::everyCrossingOfAnAdapterWithLatencyArrives()
     settings.cars = QVector<ControlUnitSettings::Car>(8);
     settings.sectors = 3;
     settings.laps = 20;
+    settings.speedUp = 20;
     settings.lightStep = 0;
     ControlUnitModel model(settings, [&clock] { return clock.now; });
     QStringList expected;
@@ -230,6 +253,34 @@ void tst_CCarreraCuThread::everyCrossingOfAnAdapterWithLatencyArrives()
     QVERIFY(m_thread->wait(10000));
     const QStringList laps = m_target->frames().filter(QRegularExpression("^\\?[1-8]"));
     QCOMPARE(laps, expected);
+}
+
+void tst_CCarreraCuThread::theNextPollFollowsTheAnswerAtOnce()
+{
+    WaitingClock clock;
+    ControlUnitModel model(ControlUnitSettings(), [&clock] { return clock.now; });
+    qint64 timeOfHundred = 0;
+    runUntil(&model, &clock, [&] {
+        timeOfHundred = clock.now;
+        return clock.answered >= 100;
+    });
+    QVERIFY2(timeOfHundred < 1500000, qPrintable(QString::number(timeOfHundred))); // 10 ms each
+}
+
+void tst_CCarreraCuThread::lateAnswersLeaveOneQuestionUnderWay()
+{
+    WaitingClock clock;
+    ControlUnitModel model(ControlUnitSettings(), [&clock] { return clock.now; });
+    model.answerLate(2000);
+    int mostWhileLate = 0;
+    int mostLater = 0;
+    runUntil(&model, &clock, [&] {
+        int& most = clock.answered < 100 ? mostWhileLate : mostLater;
+        most = qMax(most, clock.asked - clock.answered);
+        return clock.answered >= 200;
+    });
+    QVERIFY(mostWhileLate >= 10);
+    QCOMPARE(mostLater, 1);
 }
 
 void tst_CCarreraCuThread::overATerminalCrossingsArrive()

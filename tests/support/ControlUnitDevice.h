@@ -6,11 +6,15 @@
 #include <QIODevice>
 
 #include <cstring>
+#include <functional>
 
-/** The clock of a virtual unit that runs only while somebody waits for it. */
+/** The clock of a virtual unit, which runs only while somebody waits for it, and what it counts. */
 struct WaitingClock
 {
-    qint64 now = 0; ///< microseconds
+    qint64 now = 0;               ///< microseconds
+    int asked = 0;                ///< pieces written, each a poll or a command
+    int answered = 0;             ///< frames that came to their end
+    std::function<void()> atWait; ///< called before each wait, by the thread that waits
 };
 
 /**
@@ -30,6 +34,8 @@ public:
 
     bool waitForReadyRead(int milliseconds) override
     {
+        if (m_clock->atWait)
+            m_clock->atWait();
         const qint64 deadline = m_clock->now + milliseconds * qint64(1000);
         QByteArray bytes = m_model->transmit();
         while (bytes.isEmpty()) {
@@ -42,7 +48,9 @@ public:
             bytes = m_model->transmit();
         }
         m_clock->now += m_latency;
-        m_arrived += bytes + m_model->transmit();
+        bytes += m_model->transmit();
+        m_clock->answered += bytes.count('$');
+        m_arrived += bytes;
         return true;
     }
 
@@ -59,6 +67,7 @@ protected:
 
     qint64 writeData(const char* data, qint64 size) override
     {
+        ++m_clock->asked;
         m_model->receive(QByteArray(data, int(size)));
         return size;
     }
