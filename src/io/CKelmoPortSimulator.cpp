@@ -102,6 +102,8 @@ void CKelmoPortSimulator::setRaceway(const CRaceway& raceway)
     showRow(FuelEnd, setup == 2 || setup == 4, tracks);
     m_rows[Slot].all->setVisible(true);
     m_chaosButton->setVisible(raceway.chaosButtonAvailable && tracks > 1);
+    layout()->activate();
+    adjustSize();
 }
 
 void CKelmoPortSimulator::showRow(Kind kind, bool available, int tracks)

@@ -432,7 +432,9 @@ void tst_CKelmoPortSimulator::racewayWithoutTracksShowsAllSlotsAlone()
 void tst_CKelmoPortSimulator::anotherRacewayReplacesTheOneBefore()
 {
     m_simulator->show();
+    const int heightOfAll = m_simulator->height();
     m_simulator->setRaceway(CRaceway(2));
+    QVERIFY(m_simulator->height() < heightOfAll); // and leaves no gap
     QCOMPARE(visibleOf(""), 2);
     QCOMPARE(visibleOf("Fuel"), 0);
     QVERIFY(!isVisible("chaosButton"));
