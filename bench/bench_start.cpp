@@ -1,8 +1,6 @@
 // From the start of the process to the first painted window, beside a program that shows an empty
 // Qt window. Both tell of their first paint through Qt's own logging category for it.
 
-#include <benchmark/benchmark.h>
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -10,6 +8,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <benchmark/benchmark.h>
 #include <cstdio>
 #include <vector>
 
