@@ -5,6 +5,7 @@
 #include "io/CRacewayIo.h"
 #include "io/CRacewayIoFactory.h"
 #include "race/CLightAction.h"
+#include "results/CRaceToCsvWriter.h"
 #include "shell/CSettings.h"
 
 #include <QCoreApplication>
@@ -632,7 +633,9 @@ void CRace::saveToDatabase(const QString& /*raceName*/)
     // Nothing is stored yet.
 }
 
-void CRace::saveToCsv(const QString& /*pathAndFilename*/)
+void CRace::saveToCsv(const QString& pathAndFilename)
 {
-    // Nothing is written yet.
+    CRaceToCsvWriter writer;
+    writer.setRace(this);
+    writer.writeToFile(pathAndFilename);
 }
