@@ -35,6 +35,8 @@ void CPortThread::setOutputOffset(int offset)
 
 void CPortThread::start()
 {
+    if (m_stopRequested)
+        wait(); // the run before ends within a pass
     // Not in run(): a stop that comes before the new thread gets the processor must not be lost.
     m_stopRequested = false;
     QThread::start();

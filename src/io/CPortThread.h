@@ -26,7 +26,10 @@ public:
     void setInputOffset(int offset);
     void setOutputOffset(int offset);
 
-    /** Starts reading, on from the value last seen; time stamps begin at 0. */
+    /**
+     * Starts reading, on from the value last seen; time stamps begin at 0. Does nothing while the
+     * thread reads, unless it has been asked to stop: then a new run begins.
+     */
     void start();
     /** Asks the loop to end and returns at once. */
     void requestStop() { m_stopRequested = true; }

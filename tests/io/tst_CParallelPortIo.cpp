@@ -56,6 +56,7 @@ private Q_SLOTS:
     void startAfterStopReportsTheChangeInBetweenAsTheFirstEventWithAStampNearZero();
     void startAfterStopWithoutAChangeInBetweenReportsNothing();
     void stopRightAfterStartEndsTheThread();
+    void startRightAfterStopBeginsANewRun();
     void secondStartIsHarmless();
     void deletingARunningInterfaceEndsItsThread();
     void twoInterfacesShareOnePortAndTheLaterStartWins();
@@ -398,6 +399,19 @@ void tst_CParallelPortIo::stopRightAfterStartEndsTheThread()
         m_io->stop();
         QTRY_VERIFY(!m_io->isRunning());
     }
+}
+
+void tst_CParallelPortIo::startRightAfterStopBeginsANewRun()
+{
+    startWithSensor();
+    for (int run = 0; run < 200; ++run) {
+        m_io->stop();
+        m_io->start();
+        QVERIFY(m_io->isRunning());
+    }
+    letTheThreadRead();
+    (*m_port)->write(TestPort::Status, 126);
+    QTRY_COMPARE(m_sink->events.size(), 1);
 }
 
 void tst_CParallelPortIo::secondStartIsHarmless()
