@@ -120,6 +120,15 @@ void CRichLabel::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), palette().window());
     painter.translate((m_width - m_textSize.width()) / 2, (m_height - m_textSize.height()) / 2);
+    m_characters.setLook(m_paintFont, m_color, devicePixelRatioF());
+    if (m_characters.canDraw(m_text, m_textSize.width()))
+        m_characters.draw(painter, m_text);
+    else
+        drawWholeText(painter);
+}
+
+void CRichLabel::drawWholeText(QPainter& painter) const
+{
     painter.setPen(m_color);
     painter.setFont(m_paintFont);
     painter.drawText(QRect(0, 0, m_textSize.width() - 1, m_textSize.height() - 1),

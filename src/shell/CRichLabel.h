@@ -1,6 +1,8 @@
 #ifndef TORNIK_SHELL_CRICHLABEL_H
 #define TORNIK_SHELL_CRICHLABEL_H
 
+#include "shell/CCharacterPictures.h"
+
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -62,6 +64,7 @@ protected:
 private:
     void applyFont(const QFont& font);
     void measure();
+    void drawWholeText(QPainter& painter) const;
     bool isCut(const QString& text, const QFont& font) const;
 
     int m_pointSize = 10;
@@ -72,6 +75,7 @@ private:
     int m_height = 85;
     QFont m_paintFont; ///< m_font in pixels
     QSize m_textSize;  ///< of the text in the font; invalid until measured
+    CCharacterPictures m_characters;
 };
 
 #endif

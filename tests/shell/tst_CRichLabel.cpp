@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QTest>
 
 /** Counts what a change costs. */
@@ -111,6 +112,90 @@ private Q_SLOTS:
         QVERIFY2(qAbs(ink.center().x() - 50) <= 1, qPrintable(QString::number(ink.center().x())));
         QVERIFY2(qAbs(ink.center().y() - 30) <= 2, qPrintable(QString::number(ink.center().y())));
         QVERIFY(onlyShadesOfRed(picture));
+    }
+
+    void figuresLookAsIfDrawnInOneGo_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("points");
+        for (const int points : {12, 15, 25, 40, 52, 150})
+            for (const char* text : {"00:05:734", "110", "11:11:111", " -1", "123,4 km/h"})
+                QTest::newRow(qPrintable(QString("%1 in %2").arg(text).arg(points))) << text << points;
+    }
+
+    void figuresLookAsIfDrawnInOneGo()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, points);
+        CRichLabel label(text, Qt::white);
+        setBlack(label);
+        label.setPointSize(points);
+        label.setWidth(points * 10);
+        label.setHeight(points * 2);
+        const QImage picture = pictureOf(label);
+        QImage expected(picture.size(), QImage::Format_RGB32);
+        expected.fill(Qt::black);
+        QPainter painter(&expected);
+        QFont font = label.font();
+        font.setPixelSize(qRound(points * 96 / 72.0));
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(expected.rect(), Qt::AlignCenter, text);
+        painter.end();
+        const QRect ink = inkOf(picture, Qt::black);
+        const QRect expectedInk = inkOf(expected, Qt::black);
+        QVERIFY(!ink.isEmpty());
+        QVERIFY2(isNear(ink, expectedInk, 2), "the figures stand somewhere else");
+        // Half a pixel of offset changes edges only: the same amount of ink to some percent.
+        const double share = inkAmount(picture) / inkAmount(expected);
+        QVERIFY2(share > 0.93 && share < 1.07, qPrintable(QString::number(share)));
+    }
+
+    void changedLookIsPaintedAtOnce()
+    {
+        CRichLabel label(QStringLiteral("00:05:734"), Qt::white);
+        setBlack(label);
+        pictureOf(label);
+        label.setColor(QColor(Qt::red));
+        QVERIFY(onlyShadesOfRed(pictureOf(label)));
+        label.setPointSize(18);
+        label.setStretch(90);
+        CRichLabel fresh(label.text(), Qt::red);
+        setBlack(fresh);
+        fresh.setPointSize(18);
+        fresh.setStretch(90);
+        QCOMPARE(pictureOf(label), pictureOf(fresh));
+    }
+
+    void wordsAreKernedAndOtherScriptsAreShaped_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("kerned") << "AVATAV";
+        QTest::newRow("an accent of its own") << QString::fromUtf8("a\u0308a\u0308a\u0308");
+        QTest::newRow("beyond 16 bits") << QString::fromUtf8("\U0001F3CE");
+    }
+
+    void wordsAreKernedAndOtherScriptsAreShaped()
+    {
+        QFETCH(QString, text);
+        CRichLabel label(text, Qt::white);
+        setBlack(label);
+        label.setPointSize(30);
+        label.setWidth(300);
+        QFont font = label.font();
+        font.setPixelSize(40);
+        const QFontMetrics metrics(font);
+        const QSize size(metrics.horizontalAdvance(text), metrics.height());
+        QImage expected(300, 85, QImage::Format_RGB32);
+        expected.fill(Qt::black);
+        QPainter painter(&expected);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.translate((300 - size.width()) / 2, (85 - size.height()) / 2);
+        painter.drawText(QRect(0, 0, size.width() - 1, size.height() - 1), Qt::AlignCenter | Qt::TextDontClip,
+                         text);
+        painter.end();
+        QCOMPARE(pictureOf(label), expected);
     }
 
     void textWiderThanTheLabelStartsLeftOfItsEdgeAndIsClippedByIt()
@@ -302,10 +387,23 @@ private:
             QCoreApplication::processEvents();
     }
 
-    static int inkWidth(CRichLabel& label)
+    static int inkWidth(CRichLabel& label) { return inkOf(pictureOf(label), Qt::black).width(); }
+
+    static bool isNear(const QRect& first, const QRect& second, int pixels)
     {
-        label.resize(label.sizeHint());
-        return inkOf(pictureOf(label), Qt::black).width();
+        return qAbs(first.left() - second.left()) <= pixels &&
+               qAbs(first.right() - second.right()) <= pixels && qAbs(first.top() - second.top()) <= pixels &&
+               qAbs(first.bottom() - second.bottom()) <= pixels;
+    }
+
+    static double inkAmount(const QImage& picture)
+    {
+        double amount = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                amount += qGreen(picture.pixel(x, y));
+        }
+        return amount;
     }
 
     static void setBlack(QWidget& widget)

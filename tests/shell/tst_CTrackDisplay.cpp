@@ -492,9 +492,9 @@ private Q_SLOTS:
         const QImage zeros = pictureOf(time);
         time.setText(QStringLiteral("11:11:110"));
         const QImage ones = pictureOf(time);
-        const int lastDigit = time.width() * 9 / 10; // from here on both show the same "0"
-        QCOMPARE(ones.copy(lastDigit, 0, time.width(), time.height()),
-                 zeros.copy(lastDigit, 0, time.width(), time.height()));
+        const int lastDigit = zeros.width() * 9 / 10; // from here on both show the same "0"
+        QCOMPARE(ones.copy(lastDigit, 0, zeros.width(), zeros.height()),
+                 zeros.copy(lastDigit, 0, zeros.width(), zeros.height()));
         QVERIFY(ones != zeros);
     }
 

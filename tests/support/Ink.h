@@ -4,11 +4,17 @@
 #include <QColor>
 #include <QImage>
 #include <QRect>
+#include <QSizePolicy>
 #include <QWidget>
 
-/** @return the widget as it paints itself, one pixel of the picture a pixel of the widget. */
+/**
+ * @return the widget as it paints itself, one pixel of the picture a pixel of the widget; a widget of
+ * a fixed size takes that first.
+ */
 inline QImage pictureOf(QWidget& widget)
 {
+    if (widget.sizePolicy() == QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed))
+        widget.resize(widget.sizeHint());
     return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
