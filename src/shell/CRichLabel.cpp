@@ -119,7 +119,7 @@ void CRichLabel::paintEvent(QPaintEvent*)
     measure();
     QPainter painter(this);
     painter.fillRect(rect(), palette().window());
-    painter.translate((m_width - m_textSize.width()) / 2, (m_height - m_textSize.height()) / 2);
+    painter.translate(QPoint((m_width - m_textSize.width()) / 2, (m_height - m_textSize.height()) / 2));
     m_characters.setLook(m_paintFont, m_color, devicePixelRatioF());
     if (m_characters.canDraw(m_text, m_textSize.width()))
         m_characters.draw(painter, m_text);
