@@ -115,6 +115,7 @@ private:
     friend class CRacewayIoFactory;
 
     void readMask(QDataStream& stream, int portId);
+    void decodeInputs(int first, int last, int changed);
 
     QObject* m_receiver = nullptr;
     int m_interfaceType;

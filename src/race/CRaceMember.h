@@ -190,7 +190,8 @@ private:
     CLapSensorFlags rateLap();
     CLapSensorFlags consumeFuel();
     void reactToEmptyTank();
-    CLapTime lastLap() const;
+    /** @return the last lap, or a cleared one. */
+    const CLapTime& lastLap() const;
 
     CCar m_car;
     CRacewayTrack m_track;
