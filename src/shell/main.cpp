@@ -1,5 +1,8 @@
 #include "shell/CCommandLineParameters.h"
+#include "shell/CKelmoMain.h"
+#include "shell/CTerminationSignals.h"
 #include "shell/CTranslationCatalogue.h"
+#include "shell/Version.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -10,7 +13,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tornik");
     QApplication::setOrganizationName("Tornik");
-    QApplication::setApplicationVersion("2.6b1");
+    QApplication::setApplicationVersion(TornikVersion);
 
     const CCommandLineParameters parameters;
     if (!parameters.language().isEmpty())
@@ -19,5 +22,12 @@ int main(int argc, char* argv[])
     QTranslator translator;
     CTranslationCatalogue::load(translator, QLocale());
     QApplication::installTranslator(&translator);
-    return 0;
+
+    const CTerminationSignals signalsOfSystem;
+    QObject::connect(&signalsOfSystem, &CTerminationSignals::terminationRequested, &application,
+                     &QApplication::quit);
+
+    const CKelmoMain kelmoMain(&application, parameters);
+    QApplication::setQuitOnLastWindowClosed(true);
+    return QApplication::exec();
 }

@@ -14,6 +14,8 @@ class QSound;
  * Each setter takes a file name (see soundFilePath() for one without a directory) and loads the
  * file at once, so that the first play has no delay. A file that can't be read is silent. An effect
  * whose file was never set must not be played; it is silent, too.
+ *
+ * The operations are virtual so that a test can put a recorder in this one's place.
  */
 class CSoundHandler : public QObject
 {
@@ -23,19 +25,19 @@ public:
     explicit CSoundHandler(QObject* parent = nullptr);
     ~CSoundHandler() override;
 
-    void setNewBestLapSound(const QString& file);
-    void setDriveThroughSound(const QString& file);
-    void setRedLightSound(const QString& file);
-    void setGreenLightSound(const QString& file);
-    void setFuelOnReserveSound(const QString& file);
+    virtual void setNewBestLapSound(const QString& file);
+    virtual void setDriveThroughSound(const QString& file);
+    virtual void setRedLightSound(const QString& file);
+    virtual void setGreenLightSound(const QString& file);
+    virtual void setFuelOnReserveSound(const QString& file);
 
 public Q_SLOTS:
-    void playNewBestLap();
-    void playDriveThrough();
-    void playRedLightSound();
-    void playGreenLightSound();
+    virtual void playNewBestLap();
+    virtual void playDriveThrough();
+    virtual void playRedLightSound();
+    virtual void playGreenLightSound();
     /** A spare: nothing in the program calls it. */
-    void playFuelOnReserve();
+    virtual void playFuelOnReserve();
 
 private:
     std::unique_ptr<QSound> m_newBestLap;

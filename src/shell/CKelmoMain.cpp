@@ -1,0 +1,109 @@
+#include "shell/CKelmoMain.h"
+
+#include "race/CRace.h"
+#include "race/CRaceSettings.h"
+#include "results/CRaceSummaryDialog.h"
+#include "shell/CCommandLineParameters.h"
+#include "shell/CKelmoMainDialog.h"
+#include "shell/CSettings.h"
+
+#include <QTextCodec>
+
+CKelmoMain::CKelmoMain(QObject* parent, const CCommandLineParameters& parameters) : QObject(parent)
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    createParts();
+    if (parameters.clientMode()) {
+        m_mainDialog->enableClientMode();
+    } else {
+        connectRaceToDialog();
+        connectDialogToRace();
+        connectSummaryToDialog();
+    }
+    showWindow(parameters.windowed());
+    m_race->vStop(); // brings lights and power to their idle state
+    if (parameters.quickRace())
+        m_mainDialog->quickRaceTrigger();
+}
+
+/** The order matters: the later parts take pointers to the earlier ones. */
+void CKelmoMain::createParts()
+{
+    m_settings = std::make_unique<CSettings>();
+    m_settings->read();
+    m_raceSettings = std::make_unique<CRaceSettings>();
+    m_raceSettings->readDefaults();
+    m_mainDialog = std::make_unique<CKelmoMainDialog>(m_settings.get(), m_raceSettings.get());
+    m_race = std::make_unique<CRace>(m_settings.get(), m_raceSettings.get(), this);
+    m_summaryDialog = new CRaceSummaryDialog(m_mainDialog.get());
+    m_summaryDialog->setRace(m_race.get());
+    m_summaryDialog->setModal(true);
+    m_mainDialog->setRaceOfSimulator(m_race.get());
+    m_mainDialog->setSummaryDialog(m_summaryDialog);
+}
+
+/** What the race tells goes to the dialog first and to anybody else after it. */
+void CKelmoMain::connectRaceToDialog()
+{
+    const CRace* race = m_race.get();
+    CKelmoMainDialog* dialog = m_mainDialog.get();
+    connect(race, &CRace::RaceEventHappened, dialog, &CKelmoMainDialog::HandleEventRace);
+    connect(race, &CRace::RaceStarted, dialog, &CKelmoMainDialog::vSetUiRaceStarted);
+    connect(race, &CRace::RecordedRaceStarted, dialog, &CKelmoMainDialog::vSetUiRecordedRaceStarted);
+    connect(race, &CRace::RaceStopped, dialog, &CKelmoMainDialog::vSetUiRaceStopped);
+    connect(race, &CRace::RacePaused, dialog, &CKelmoMainDialog::vSetUiRacePaused);
+    connect(race, &CRace::RaceResumed, dialog, &CKelmoMainDialog::vSetUiRaceResumed);
+    connect(race, &CRace::UpdateLights, dialog, &CKelmoMainDialog::updateLightsDisplay);
+    connect(race, &CRace::UpdateRaceTime, dialog, &CKelmoMainDialog::setRaceTime);
+    connect(race, &CRace::raceInfoText, dialog, &CKelmoMainDialog::setAdditionalInfo);
+    connect(race, &CRace::trackPowerStateChanged, dialog, &CKelmoMainDialog::trackPowerNotification);
+}
+
+void CKelmoMain::connectDialogToRace()
+{
+    const CKelmoMainDialog* dialog = m_mainDialog.get();
+    CRace* race = m_race.get();
+    connect(dialog, &CKelmoMainDialog::raceStartRecordedRace, race, &CRace::vStartRecordedRace);
+    connect(dialog, &CKelmoMainDialog::raceStartQuickRace, race, &CRace::vStartQuickRace);
+    connect(dialog, &CKelmoMainDialog::raceStop, race, &CRace::vStop);
+    connect(dialog, &CKelmoMainDialog::racePause, race, &CRace::vPause);
+    connect(dialog, &CKelmoMainDialog::raceResume, race, &CRace::vResume);
+    connect(dialog, &CKelmoMainDialog::raceStoreToDatabase, race, &CRace::saveToDatabase);
+    connect(dialog, &CKelmoMainDialog::raceStoreToCsv, race, &CRace::saveToCsv);
+    connect(dialog, qOverload<bool>(&CKelmoMainDialog::raceTrackPowerSwitch), race, &CRace::allTracksPower);
+    connect(dialog, &CKelmoMainDialog::raceTrackPowerToggle, race, &CRace::trackPowerToggle);
+    connect(dialog, &CKelmoMainDialog::racewayChanged, race, &CRace::adaptToRaceway);
+}
+
+void CKelmoMain::connectSummaryToDialog()
+{
+    connect(m_summaryDialog, &CRaceSummaryDialog::storeToCSVTriggered, m_mainDialog.get(),
+            &CKelmoMainDialog::raceStoreTrigger);
+}
+
+void CKelmoMain::showWindow(bool windowed)
+{
+    if (windowed) {
+        m_mainDialog->setWindowFlags(Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+        m_mainDialog->setWindowState(Qt::WindowMaximized);
+    } else {
+        m_mainDialog->setWindowState(Qt::WindowFullScreen);
+    }
+    m_mainDialog->show();
+}
+
+CKelmoMain::~CKelmoMain()
+{
+    m_race->vStop();
+    m_mainDialog->disconnect(m_race.get());
+    m_race->disconnect(m_mainDialog.get());
+    m_settings.reset();
+    m_raceSettings.reset();
+    m_mainDialog.reset();
+    m_race.reset();
+}
+
+void CKelmoMain::debugMessage(const QString& text)
+{
+    m_mainDialog->setAdditionalInfo(text);
+}

@@ -1,0 +1,53 @@
+#ifndef TORNIK_SHELL_CKELMOMAIN_H
+#define TORNIK_SHELL_CKELMOMAIN_H
+
+#include <QObject>
+
+#include <memory>
+
+class CCommandLineParameters;
+class CKelmoMainDialog;
+class CRace;
+class CRaceSettings;
+class CRaceSummaryDialog;
+class CSettings;
+
+/**
+ * The start object: makes and owns every part of the program, connects them and settles the mode,
+ * race master or display client, for the whole run. Lives on the stack of the entry function.
+ */
+class CKelmoMain : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Shows the window; with a quick race asked for, the race is running on return. */
+    CKelmoMain(QObject* parent, const CCommandLineParameters& parameters);
+    /** Stops the race and takes everything apart in a fixed order. */
+    ~CKelmoMain() override;
+
+    CKelmoMainDialog* mainDialog() const { return m_mainDialog.get(); }
+    CRace* race() const { return m_race.get(); }
+
+Q_SIGNALS:
+    void quitApplication();
+
+private Q_SLOTS:
+    /** Shows a message of the network like one of the race. */
+    void debugMessage(const QString& text);
+
+private:
+    void createParts();
+    void connectRaceToDialog();
+    void connectDialogToRace();
+    void connectSummaryToDialog();
+    void showWindow(bool windowed);
+
+    std::unique_ptr<CKelmoMainDialog> m_mainDialog;
+    std::unique_ptr<CSettings> m_settings;
+    std::unique_ptr<CRaceSettings> m_raceSettings;
+    std::unique_ptr<CRace> m_race;
+    CRaceSummaryDialog* m_summaryDialog = nullptr; ///< child of the main dialog
+};
+
+#endif

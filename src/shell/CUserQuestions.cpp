@@ -1,0 +1,28 @@
+#include "shell/CUserQuestions.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+bool CUserQuestions::ask(QWidget* parent, const QString& title, const QString& text, const QString& yes,
+                         const QString& no)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    const QAbstractButton* yesButton = box.addButton(yes, QMessageBox::YesRole);
+    QPushButton* noButton = box.addButton(no, QMessageBox::NoRole);
+    box.setDefaultButton(qobject_cast<QPushButton*>(box.buttons().constFirst()));
+    box.setEscapeButton(noButton);
+    box.exec();
+    return box.clickedButton() == yesButton;
+}
+
+QString CUserQuestions::askSaveFileName(QWidget* parent, const QString& title, const QString& proposal,
+                                        const QString& filter)
+{
+    return QFileDialog::getSaveFileName(parent, title, proposal, filter);
+}
+
+void CUserQuestions::showAbout(QWidget* parent, const QString& title, const QString& text)
+{
+    QMessageBox::about(parent, title, text);
+}

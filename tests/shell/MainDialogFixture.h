@@ -1,0 +1,136 @@
+#ifndef TORNIK_TESTS_SHELL_MAINDIALOGFIXTURE_H
+#define TORNIK_TESTS_SHELL_MAINDIALOGFIXTURE_H
+
+#include "race/CRaceSettings.h"
+#include "shell/CKelmoMainDialog.h"
+#include "shell/CMainMenu.h"
+#include "shell/CRichLabel.h"
+#include "shell/CSettings.h"
+#include "shell/CTrackDisplay.h"
+#include "shell/CUserQuestions.h"
+#include "sound/CSoundHandler.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QTest>
+
+/** Writes down what would be heard and which files are loaded. */
+class CRecordingSounds : public CSoundHandler
+{
+public:
+    void setNewBestLapSound(const QString& file) override { files.append(file); }
+    void setDriveThroughSound(const QString& file) override { files.append(file); }
+    void setRedLightSound(const QString& file) override { files.append(file); }
+    void setGreenLightSound(const QString& file) override { files.append(file); }
+    void setFuelOnReserveSound(const QString& file) override { files.append(file); }
+    void playNewBestLap() override { played.append("best"); }
+    void playDriveThrough() override { played.append("drive"); }
+    void playRedLightSound() override { played.append("red"); }
+    void playGreenLightSound() override { played.append("green"); }
+    void playFuelOnReserve() override { played.append("reserve"); }
+
+    QStringList files;
+    QStringList played;
+};
+
+/** Answers in place of the user and writes down the questions. */
+class CScriptedQuestions : public CUserQuestions
+{
+public:
+    bool ask(QWidget*, const QString& title, const QString& text, const QString& yes,
+             const QString& no) override
+    {
+        questions.append({title, text, yes, no});
+        return answerIsYes;
+    }
+    QString askSaveFileName(QWidget*, const QString& title, const QString& proposal,
+                            const QString& filter) override
+    {
+        questions.append({title, proposal, filter});
+        return fileName;
+    }
+    void showAbout(QWidget*, const QString& title, const QString& text) override
+    {
+        questions.append({title, text});
+    }
+
+    bool answerIsYes = false;
+    QString fileName;
+    QList<QStringList> questions;
+};
+
+/** @return a raceway of so many tracks, with no hardware. */
+inline CRaceway racewayWithTracks(int tracks)
+{
+    CRaceway raceway(tracks);
+    raceway.name = QStringLiteral("Bahn %1").arg(tracks);
+    return raceway;
+}
+
+/** The main dialog with its settings, with recorded sounds and scripted answers. */
+class MainDialogFixture
+{
+public:
+    MainDialogFixture() : settings(readSettings()), dialog(&settings, &raceSettings)
+    {
+        auto recorder = std::make_unique<CRecordingSounds>();
+        sounds = recorder.get();
+        dialog.setSoundHandler(std::move(recorder));
+        auto script = std::make_unique<CScriptedQuestions>();
+        user = script.get();
+        dialog.setUserQuestions(std::move(script));
+    }
+
+    void setRaceway(const CRaceway& raceway)
+    {
+        raceSettings.setRaceway(raceway);
+        dialog.onRaceSettingsChanged();
+    }
+
+    CMainMenu* menu() const { return dialog.findChild<CMainMenu*>("menuBar"); }
+    QAction* action(CMainMenu::Entry entry) const { return menu()->action(entry); }
+    /** @param number from 1 */
+    CTrackDisplay* track(int number) const
+    {
+        return dialog.findChild<CTrackDisplay*>(QStringLiteral("track%1").arg(number));
+    }
+    QString text(int trackNumber, const char* label) const
+    {
+        return track(trackNumber)->findChild<CRichLabel*>(label)->text();
+    }
+    QComboBox* driverBox(int trackNumber) const
+    {
+        return track(trackNumber)->findChild<QComboBox*>("driverBox");
+    }
+    QComboBox* carBox(int trackNumber) const { return track(trackNumber)->findChild<QComboBox*>("carBox"); }
+
+    /** Shows the window and waits until it takes keys. */
+    bool activate()
+    {
+        dialog.show();
+        dialog.activateWindow();
+        return QTest::qWaitForWindowActive(&dialog);
+    }
+    void pressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&dialog, Qt::Key(key), modifiers);
+    }
+    /** Calls a private slot. */
+    bool trigger(const char* slot) { return QMetaObject::invokeMethod(&dialog, slot, Qt::DirectConnection); }
+
+    CSettings settings;
+    CRaceSettings raceSettings;
+    CKelmoMainDialog dialog;
+    CRecordingSounds* sounds;
+    CScriptedQuestions* user;
+
+private:
+    static CSettings readSettings()
+    {
+        CSettings settings;
+        settings.read();
+        return settings;
+    }
+};
+
+#endif
