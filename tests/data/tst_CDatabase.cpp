@@ -1,4 +1,7 @@
+#include "data/CCarList.h"
 #include "data/CDatabase.h"
+#include "data/CDriverList.h"
+#include "data/CRacewayList.h"
 #include "support/DatabaseFile.h"
 
 #include <QtTest>
@@ -79,6 +82,8 @@ private Q_SLOTS:
     void aFileTooShortForADatabaseIsBackedUpAndFilled();
     void aTornFileDoesNotStopTheStartAndIsNotLost_data();
     void aTornFileDoesNotStopTheStartAndIsNotLost();
+    void theListsLiveWithADamagedFile_data();
+    void theListsLiveWithADamagedFile();
     void aDirectoryInPlaceOfTheFileDoesNotStopTheStart();
     void aReadOnlyFileCanStillBeRead();
 
@@ -423,6 +428,44 @@ void tst_CDatabase::aTornFileDoesNotStopTheStartAndIsNotLost()
     startAndStop();
 
     QVERIFY(contentOf("tornik.db") == torn || contentOf(BackupName) == torn);
+}
+
+void tst_CDatabase::theListsLiveWithADamagedFile_data()
+{
+    QTest::addColumn<int>("page");
+
+    for (int page = 0; page < 10; ++page)
+        QTest::addRow("junk in page %d", page) << page;
+}
+
+void tst_CDatabase::theListsLiveWithADamagedFile()
+{
+    constexpr int PageSize = 4096;
+    QFETCH(int, page);
+    QVERIFY(buildFile("1"));
+    QByteArray content = contentOf("tornik.db");
+    QVERIFY(content.size() > page * PageSize);
+    // The head of the first page is spared: without it the file is no database at all.
+    for (int i = page * PageSize + 100; i < qMin((page + 1) * PageSize, content.size()); ++i)
+        content[i] = char((i * 31) % 253);
+    QVERIFY(writeContent("tornik.db", content));
+
+    CCarList cars;
+    CDriverList drivers;
+    CRacewayList raceways;
+    cars.addCar(cars.carAt(0));
+    drivers.addDriver(drivers.driverAt(0));
+    raceways.addRaceway(raceways.currentRaceway());
+    cars.exportCsv("cars.csv");
+    cars.importCsv("cars.csv");
+    cars.removeCar(0);
+    drivers.removeDriver(0);
+    raceways.removeRaceway(0);
+
+    // What is left is shown alike by the list and by its model.
+    QCOMPARE(cars.nameModel()->rowCount(), cars.count());
+    QCOMPARE(drivers.nameModel()->rowCount(), drivers.count());
+    QCOMPARE(raceways.overviewModel()->rowCount(), raceways.racewayCount());
 }
 
 void tst_CDatabase::aDirectoryInPlaceOfTheFileDoesNotStopTheStart()
