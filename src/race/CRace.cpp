@@ -9,11 +9,15 @@
 #include "shell/CSettings.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QThread>
 
 #include <chrono>
 
 namespace {
+
+/** The words of the info line; off unless a filter rule asks for them. */
+Q_LOGGING_CATEGORY(raceLog, "tornik.race", QtInfoMsg)
 
 constexpr auto RaceTimePeriod = std::chrono::milliseconds(1000);
 constexpr int MillisecondsPerSecond = 1000;
@@ -273,7 +277,7 @@ void CRace::vReset()
     m_raceTime = QTime(0, 0);
     m_lastChaosTime = 0;
     Q_EMIT UpdateRaceTime(m_raceTime);
-    Q_EMIT raceInfoText(QString());
+    showInfo(QString());
 }
 
 void CRace::vHandleRaceStartTrigger()
@@ -335,20 +339,25 @@ void CRace::vStop()
         setAllStatus(CRaceMemberStatus::Finished);
         storeFinishedRace();
         m_recordedRace = false;
-        Q_EMIT raceInfoText(tr("Rennen wurde beendet"));
+        showInfo(tr("Rennen wurde beendet"));
     }
     Q_EMIT RaceStopped();
 }
 
 void CRace::endConditionIsMet()
 {
-    // Two members at the limit in one event report it twice; a race ends once.
-    if (!m_raceActive) {
-        return;
-    }
+    // Required: runs for each member that is at the limit in one event, after the stop too.
     vStop();
     m_winningCondition->determineWinner();
-    Q_EMIT raceInfoText(m_winningCondition->resultText());
+    showInfo(m_winningCondition->resultText());
+}
+
+void CRace::showInfo(const QString& text)
+{
+    if (!text.isEmpty()) {
+        qCDebug(raceLog).noquote() << text;
+    }
+    Q_EMIT raceInfoText(text);
 }
 
 void CRace::vOneSecondEvent()
@@ -400,7 +409,10 @@ void CRace::processDriveThrough(const CDriveThroughEvent& event)
         processMember(track, sensors, time);
     }
     m_winningCondition->update();
-    m_endCondition->check();
+    // A false start in this event has ended the race; it names no winner.
+    if (m_raceActive) {
+        m_endCondition->check();
+    }
 }
 
 void CRace::processChaosButton(const QBitArray& sensors, quint32 time)
@@ -451,10 +463,8 @@ void CRace::processLapBegin(CRaceMember& racer)
         racer.setStatus(CRaceMemberStatus::Running);
         return;
     }
-    // A false start. Two cars in one event stop the race once.
-    if (m_raceActive) {
-        vStop();
-    }
+    // A false start. Required: each car of one event stops the race.
+    vStop();
     racer.setStatus(CRaceMemberStatus::FalseStart);
 }
 

@@ -154,6 +154,8 @@ private:
     void processControlUnitStatus(const CCarreraCuStatusEvent& event);
     int lapsToShow(const CRaceMember& racer) const;
     int speedUnit() const;
+    /** Publishes a line for the user, and as a debug line if it isn't empty. */
+    void showInfo(const QString& text);
 
     void storeFinishedRace();
 

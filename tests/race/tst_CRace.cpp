@@ -1,5 +1,6 @@
 #include "race/RaceFixture.h"
 
+#include <QLoggingCategory>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -18,6 +19,39 @@ void driveLaps(RaceFixture& fixture, int portId, int begin, const std::vector<in
     }
 }
 
+/** Collects the debug lines of a category, while it lives; with the filter rules of a user. */
+class DebugLines
+{
+public:
+    explicit DebugLines(const QString& filterRules)
+    {
+        s_lines.clear();
+        QLoggingCategory::setFilterRules(filterRules);
+        m_previous = qInstallMessageHandler(&DebugLines::keep);
+    }
+    ~DebugLines()
+    {
+        qInstallMessageHandler(m_previous);
+        QLoggingCategory::setFilterRules(QString());
+    }
+    Q_DISABLE_COPY(DebugLines)
+
+    QStringList lines() const { return s_lines; }
+
+private:
+    static void keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
+    {
+        if (type == QtDebugMsg && qstrcmp(context.category, "tornik.race") == 0) {
+            s_lines << text;
+        }
+    }
+
+    static QStringList s_lines;
+    QtMessageHandler m_previous = nullptr;
+};
+
+QStringList DebugLines::s_lines;
+
 } // namespace
 
 /** The course of a race: start, laps, pause, end, winner, and the order of what it says. */
@@ -35,7 +69,7 @@ private Q_SLOTS:
     void resetClearsLapsTimeAndText();
 
     void carOnTheStartSensorDuringTheCountdownStopsTheRace();
-    void twoFalseStartsInOneEventStopTheRaceOnce();
+    void twoFalseStartsInOneEventStopTheRaceTwice();
     void falseStartEndsNoRaceByItsLapLimit();
     void flyingStartCannotHaveAFalseStart();
     void carAfterTheGoOfATimedStartIsRunning();
@@ -91,10 +125,12 @@ private Q_SLOTS:
     void lapLimitOnAllTracksWaitsAndShowsFinishedMembers();
     void memberAtTheLimitStaysThereHoweverOftenItCrosses();
     void memberPastTheLimitCountsOnUnlessToldToStop();
-    void deadHeatEndsTheRaceOnce();
+    void deadHeatStopsTheRaceForEachMemberAtTheLimit();
     void lapLimitOf0EndsTheRaceWithTheFirstEvent();
     void timeLimitEndsTheRace();
     void wordsAtTheEndComeInOrder();
+    void wordsForTheUserAreDebugLinesIfAFilterRuleAsksForThem_data();
+    void wordsForTheUserAreDebugLinesIfAFilterRuleAsksForThem();
     void everyWinningRuleDecidesAWholeRace_data();
     void everyWinningRuleDecidesAWholeRace();
     void rulesAreMadeAnewAtEachStart();
@@ -253,14 +289,15 @@ void tst_CRace::carOnTheStartSensorDuringTheCountdownStopsTheRace()
     QVERIFY(!race.raceStart()->findChild<QTimer*>()->isActive());
 }
 
-void tst_CRace::twoFalseStartsInOneEventStopTheRaceOnce()
+void tst_CRace::twoFalseStartsInOneEventStopTheRaceTwice()
 {
     RaceFixture fixture(3);
     fixture.useTimedStart();
     fixture.start();
     fixture.sensorsAt(3500, {1, 3});
     QCOMPARE(fixture.statuses(), QList<int>({5, 6, 5}));
-    QCOMPARE(fixture.take(QStringLiteral("RaceStopped")).size(), 1);
+    QCOMPARE(fixture.take(QStringLiteral("RaceStopped|info")),
+             QStringList({"info 'Rennen wurde beendet'", "RaceStopped", "RaceStopped"}));
 }
 
 void tst_CRace::falseStartEndsNoRaceByItsLapLimit()
@@ -920,7 +957,7 @@ void tst_CRace::memberPastTheLimitCountsOnUnlessToldToStop()
     QCOMPARE(fixture.status(0), 4);
 }
 
-void tst_CRace::deadHeatEndsTheRaceOnce()
+void tst_CRace::deadHeatStopsTheRaceForEachMemberAtTheLimit()
 {
     RaceFixture fixture(2);
     fixture.useLapLimit(1);
@@ -928,11 +965,9 @@ void tst_CRace::deadHeatEndsTheRaceOnce()
     fixture.start();
     fixture.sensorsAt(1000, {1, 2});
     fixture.sensorsAt(5000, {1, 2});
-    const QStringList log = fixture.take();
-    QCOMPARE(log.count(QStringLiteral("RaceStopped")), 1);
-    QCOMPARE(
-        log.filter(QStringLiteral("info")),
-        QStringList({"info 'Rennen wurde beendet'", "info 'Die meisten Runden gefahren hat Driver 1.'"}));
+    const QString result = QStringLiteral("info 'Die meisten Runden gefahren hat Driver 1.'");
+    QCOMPARE(fixture.take(QStringLiteral("RaceStopped|info")),
+             QStringList({"info 'Rennen wurde beendet'", "RaceStopped", result, "RaceStopped", result}));
     QCOMPARE(fixture.statuses(), QList<int>({7, 6}));
 }
 
@@ -971,6 +1006,34 @@ void tst_CRace::wordsAtTheEndComeInOrder()
              QStringList({"event 1.0", "member 0: kind 1, status 4, laps 1", "stop", "stopped", "lights 7",
                           "member 0: kind 0, status 6, laps 1", "info 'Rennen wurde beendet'", "RaceStopped",
                           "info 'Rennen beendet'"}));
+}
+
+void tst_CRace::wordsForTheUserAreDebugLinesIfAFilterRuleAsksForThem_data()
+{
+    QTest::addColumn<QString>("filterRules");
+    QTest::addColumn<QStringList>("lines");
+    QTest::newRow("no rule") << QString() << QStringList();
+    QTest::newRow("a rule") << QStringLiteral("tornik.race.debug=true")
+                            << QStringList(
+                                   {"Rennen wurde beendet",
+                                    "Die schnellste Runde war die 1. Runde von Jörg \"Öse\" mit einer "
+                                    "Zeit von 00:04:000."});
+}
+
+void tst_CRace::wordsForTheUserAreDebugLinesIfAFilterRuleAsksForThem()
+{
+    QFETCH(QString, filterRules);
+    QFETCH(QStringList, lines);
+    RaceFixture fixture(1);
+    fixture.useLapLimit(1);
+    fixture.raceSettings.setWinningCondition(2);
+    CDriver driver;
+    driver.setName(QStringLiteral("Jörg \"Öse\""));
+    fixture.raceSettings.setDriver(0, driver);
+    const DebugLines debug(filterRules);
+    fixture.start(); // clears the info line; an empty text is no line
+    driveLaps(fixture, 1, 1000, {4000});
+    QCOMPARE(debug.lines(), lines);
 }
 
 void tst_CRace::everyWinningRuleDecidesAWholeRace_data()
