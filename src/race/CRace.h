@@ -77,11 +77,18 @@ public:
     CRacewayIo* io() const { return m_io.get(); }
 
 public Q_SLOTS:
+    /**
+     * Ends a race without a winner and brings lights and power to rest, outside a race too. Waits
+     * until the reading thread of the interface has left its loop.
+     */
     void vStop();
+    /** Sets a race off that is stored at its end. */
     void vStartRecordedRace(const QString& raceName);
     void vStartQuickRace();
+    /** Throws the laps in progress away and stops the clocks; sensors count again after vResume(). */
     void vPause();
     void vResume();
+    /** Forgets all laps and the race time. */
     void vReset();
     /** Stores the race in the database. */
     void saveToDatabase(const QString& raceName);
