@@ -12,10 +12,10 @@ constexpr int FadeFrames = MixRate / 200;
 
 void fadeOut(const QVector<qint16>& clip, int position, std::vector<int>& sums)
 {
-    const int fade = std::min(FadeFrames * MixChannels, int(sums.size()));
-    const int count = std::min(fade, clip.size() - position);
+    const int fade = std::min(FadeFrames, int(sums.size()) / MixChannels);
+    const int count = std::min(fade * MixChannels, clip.size() - position);
     for (int i = 0; i < count; ++i)
-        sums[size_t(i)] += clip.at(position + i) * (fade - i) / fade;
+        sums[size_t(i)] += clip.at(position + i) * (fade - i / MixChannels) / fade;
 }
 
 } // namespace

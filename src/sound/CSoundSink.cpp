@@ -8,11 +8,16 @@
 
 namespace {
 
-constexpr int FrameBytes = MixChannels * int(sizeof(qint16));
 /** Of the device's buffer: a sound that is stopped is still heard for so long. */
 constexpr int BufferMs = 100;
-constexpr int WatchMs = 1000;
-constexpr int WatchesUntilClosed = 10;
+constexpr int FeedMs = 20;
+constexpr int BlockMs = 10;
+constexpr int MostBlocksAtOnce = BufferMs / BlockMs;
+/** A device that takes nothing for so long is as good as gone. */
+constexpr int StuckMs = 2000;
+/** Of silence, until the device is closed. */
+constexpr int CloseMs = 10000;
+/** Between two attempts to open a device, where there is none. */
 constexpr int RetryMs = 3000;
 
 QAudioFormat mixFormat()
@@ -29,35 +34,11 @@ QAudioFormat mixFormat()
 
 } // namespace
 
-CMixStream::CMixStream(std::shared_ptr<CSoundMixer> mixer) : m_mixer(std::move(mixer))
+CSoundSink::CSoundSink(std::shared_ptr<CSoundMixer> mixer) : m_mixer(std::move(mixer)), m_feed(this)
 {
-    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-}
-
-qint64 CMixStream::bytesAvailable() const
-{
-    return qint64(MixRate) * FrameBytes + QIODevice::bytesAvailable();
-}
-
-qint64 CMixStream::readData(char* data, qint64 maxSize)
-{
-    const int frames = int(qMin<qint64>(maxSize, bytesAvailable()) / FrameBytes);
-    m_mixer->mix(reinterpret_cast<qint16*>(data), frames);
-    ++m_reads;
-    return qint64(frames) * FrameBytes;
-}
-
-qint64 CMixStream::writeData(const char*, qint64)
-{
-    return -1;
-}
-
-CSoundSink::CSoundSink(std::shared_ptr<CSoundMixer> mixer)
-    : m_mixer(mixer), m_stream(std::move(mixer)), m_watch(this)
-{
-    m_stream.setParent(this);
-    m_watch.setInterval(WatchMs);
-    connect(&m_watch, &QTimer::timeout, this, &CSoundSink::watch);
+    m_feed.setTimerType(Qt::PreciseTimer);
+    m_feed.setInterval(FeedMs);
+    connect(&m_feed, &QTimer::timeout, this, &CSoundSink::feed);
 }
 
 CSoundSink::~CSoundSink()
@@ -67,14 +48,15 @@ CSoundSink::~CSoundSink()
 
 void CSoundSink::wake()
 {
-    m_silentWatches = 0;
     if (m_output || m_mixer->isIdle())
         return;
-    const bool soonAfterFailure = m_sinceFailure.isValid() && !m_sinceFailure.hasExpired(RetryMs);
-    if (soonAfterFailure)
+    const bool triedJustNow = m_sinceFailedOpen.isValid() && !m_sinceFailedOpen.hasExpired(RetryMs);
+    if (triedJustNow) {
         m_mixer->clear();
-    else if (!open())
+    } else if (!open()) {
+        m_sinceFailedOpen.start();
         fail("no audio device");
+    }
 }
 
 bool CSoundSink::open()
@@ -87,31 +69,34 @@ bool CSoundSink::open()
     m_output->setBufferSize(format.bytesForDuration(BufferMs * 1000));
     connect(m_output.get(), &QAudioOutput::stateChanged, this, &CSoundSink::onStateChanged,
             Qt::QueuedConnection);
-    m_output->start(&m_stream);
-    if (m_output->state() == QAudio::StoppedState)
+    m_stream = m_output->start();
+    if (!m_stream || m_output->state() == QAudio::StoppedState)
         return false;
-    m_readsSeen = m_stream.reads();
-    m_watch.start();
+    m_sinceFailedOpen.invalidate();
+    m_sinceWrite.start();
+    m_sinceSound.start();
+    m_feed.start();
+    feed();
     return true;
-}
-
-void CSoundSink::fail(const char* reason)
-{
-    if (!m_sinceFailure.isValid())
-        qCDebug(soundLog) << "silent:" << reason;
-    m_sinceFailure.start();
-    close();
-    m_mixer->clear();
 }
 
 void CSoundSink::close()
 {
-    m_watch.stop();
+    m_feed.stop();
+    m_block.clear();
+    m_stream = nullptr;
     if (!m_output)
         return;
     m_output->disconnect(this);
     m_output->reset(); // unlike stop() it doesn't wait until the buffer is heard
     m_output.reset();
+}
+
+void CSoundSink::fail(const char* reason)
+{
+    qCDebug(soundLog) << "silent:" << reason;
+    close();
+    m_mixer->clear();
 }
 
 void CSoundSink::onStateChanged()
@@ -120,16 +105,38 @@ void CSoundSink::onStateChanged()
         fail("the audio device is lost");
 }
 
-void CSoundSink::watch()
+void CSoundSink::feed()
 {
-    const bool stuck = m_stream.reads() == m_readsSeen;
-    m_readsSeen = m_stream.reads();
-    if (stuck) {
-        fail("the audio device doesn't move");
-        return;
+    for (int i = 0; i < MostBlocksAtOnce && writeBlock(); ++i) {
     }
-    m_sinceFailure.invalidate();
-    m_silentWatches = m_mixer->isIdle() ? m_silentWatches + 1 : 0;
-    if (m_silentWatches >= WatchesUntilClosed)
+    if (m_sinceWrite.hasExpired(StuckMs))
+        fail("the audio device takes nothing");
+    else if (m_sinceSound.hasExpired(CloseMs))
         close();
+}
+
+/** @return whether there may be room for another one. */
+bool CSoundSink::writeBlock()
+{
+    if (m_block.isEmpty())
+        mixBlock();
+    // Ask and write without anything between: when the stream dies there, Qt's PulseAudio backend
+    // keeps its lock and is dead for the rest of the program.
+    if (m_output->bytesFree() < m_block.size())
+        return false;
+    const qint64 written = m_stream->write(m_block);
+    if (written <= 0)
+        return false;
+    m_block.remove(0, int(written));
+    m_sinceWrite.start();
+    return m_block.isEmpty();
+}
+
+void CSoundSink::mixBlock()
+{
+    constexpr int Frames = MixRate * BlockMs / 1000;
+    if (!m_mixer->isIdle())
+        m_sinceSound.start();
+    m_block.resize(Frames * MixChannels * int(sizeof(qint16)));
+    m_mixer->mix(reinterpret_cast<qint16*>(m_block.data()), Frames);
 }

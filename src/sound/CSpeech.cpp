@@ -2,17 +2,19 @@
 
 #include "sound/SoundLog.h"
 
+#include <algorithm>
+#include <clocale>
 #include <espeak-ng/speak_lib.h>
 #include <mutex>
 
 namespace {
 
-/** The one espeak-ng of the process. */
+/** The one espeak-ng of the process. It is never terminated: once terminated, it hangs in its second life. */
 struct CLibrary
 {
     std::mutex mutex;
-    int users = 0;
     int rate = 0; ///< frames a second; 0 while not loaded, negative when it can't be
+    locale_t localeBefore = nullptr;
 
     bool load();
 };
@@ -21,6 +23,10 @@ bool CLibrary::load()
 {
     constexpr int BufferMs = 20; // decides how soon a stop is seen
     if (rate == 0) {
+        // Loading switches the locale of the whole process (LC_CTYPE, to C.UTF-8): the one before
+        // is kept alive for the threads that are using it right now.
+        if (!localeBefore)
+            localeBefore = duplocale(LC_GLOBAL_LOCALE);
         rate = espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, BufferMs, nullptr, espeakINITIALIZE_DONT_EXIT);
         if (rate <= 0) {
             rate = -1;
@@ -59,26 +65,10 @@ int takeSamples(short* samples, int count, espeak_EVENT* events)
 
 } // namespace
 
-CSpeech::CSpeech()
-{
-    const std::lock_guard<std::mutex> lock(library().mutex);
-    ++library().users;
-}
-
-CSpeech::~CSpeech()
-{
-    const std::lock_guard<std::mutex> lock(library().mutex);
-    if (--library().users > 0)
-        return;
-    if (library().rate > 0)
-        espeak_Terminate();
-    library().rate = 0;
-}
-
 SoundClip CSpeech::speak(const QString& words, SpeechLanguage language, const CSoundTicket& ticket)
 {
     const std::lock_guard<std::mutex> lock(library().mutex);
-    if (words.isEmpty() || ticket.stopped || !library().load())
+    if (words.trimmed().isEmpty() || ticket.stopped || !library().load())
         return nullptr;
     espeak_SetSynthCallback(takeSamples);
     if (espeak_SetVoiceByName(language == SpeechLanguage::English ? "en" : "de") != EE_OK)

@@ -9,25 +9,19 @@
 /**
  * The voice: words in, sound out, by espeak-ng, without a device.
  *
- * The library behind it exists once in the process and isn't thread-safe: all objects share one
- * lock around it, so any thread may call. It is loaded by the first text (some ten milliseconds)
- * and released with the last object.
+ * The library behind it exists once in the process and isn't thread-safe: one lock goes around it,
+ * so any thread may call. The first text loads it (some ten milliseconds); it stays to the end of
+ * the process.
  */
 class CSpeech
 {
 public:
-    CSpeech();
-    ~CSpeech();
-
-    CSpeech(const CSpeech&) = delete;
-    CSpeech& operator=(const CSpeech&) = delete;
-
     /**
      * Returns when the words are spoken to the end, soon after `ticket` is stopped.
      *
      * @return null when the ticket is stopped, without words, or without the library's voice data
      */
-    SoundClip speak(const QString& words, SpeechLanguage language, const CSoundTicket& ticket);
+    static SoundClip speak(const QString& words, SpeechLanguage language, const CSoundTicket& ticket);
 };
 
 #endif

@@ -30,10 +30,7 @@ std::shared_ptr<CSoundWorker> makeWorker()
     const auto device = std::make_shared<CSoundDevice>(mixer);
     return std::make_shared<CSoundWorker>(
         [store = std::make_shared<CSampleStore>()](const QString& path) { return store->read(path); },
-        [speech = std::make_shared<CSpeech>()](const QString& words, SpeechLanguage language,
-                                               const CSoundTicket& ticket) {
-            return speech->speak(words, language, ticket);
-        },
+        &CSpeech::speak,
         [mixer, device](const SoundTicket& ticket, const SoundClip& clip) {
             mixer->add(ticket, clip);
             device->wake();

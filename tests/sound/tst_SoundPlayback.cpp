@@ -1,0 +1,215 @@
+#include "sound/CSoundHandler.h"
+#include "sound/CSoundOutput.h"
+#include "sound/PulseServer.h"
+#include "sound/WaveFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QLocale>
+#include <QTest>
+
+#include <cmath>
+#include <csignal>
+#include <vector>
+
+/** The whole way to a real device: a private sound daemon with a null sink, whose monitor is recorded. */
+class tst_SoundPlayback : public QObject
+{
+    Q_OBJECT
+
+public:
+    void useServer() const { m_server.useIt(); }
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup() { m_server.stopRecord(); }
+
+    void aSpokenLapTimeIsHeard();
+    void aSampleIsHeard();
+    void eightPanelsShareOneDevice();
+    void aStopCutsTheOutputShort();
+    void anEffectIsHeardOnlyWhenItIsPlayed();
+    void aDeviceThatIsLostAndComesBackIsHeardAgain();
+    void aSinkThatIsPulledOutAndComesBackIsHeardAgain();
+    void aDaemonThatIsStuckDoesNotHang();
+
+private:
+    int loudFrames() { return m_server.loudFrames(); }
+    bool isSilentAfter(int frames);
+    bool lapIsHeard(CSoundOutput& voice);
+
+    CPulseServer m_server;
+};
+
+namespace {
+
+void writeTone(const QString& path, int seconds)
+{
+    QVector<qint16> samples;
+    for (int i = 0; i < seconds * 44100; ++i)
+        samples << qint16(20000 * std::sin(i * 0.06));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(WaveFile::plain(samples));
+}
+
+} // namespace
+
+/** Waits until so many frames more are recorded. @return whether nothing was to be heard in them. */
+bool tst_SoundPlayback::isSilentAfter(int frames)
+{
+    const int loud = loudFrames();
+    const int begin = m_server.frames();
+    const bool recorded = QTest::qWaitFor([&] { return m_server.frames() > begin + frames; }, 20000);
+    return recorded && loudFrames() == loud;
+}
+
+/** Plays the first sample of a voice anew. @return whether it is heard soon. */
+bool tst_SoundPlayback::lapIsHeard(CSoundOutput& voice)
+{
+    const int before = loudFrames();
+    voice.stop();
+    voice.playSample1();
+    voice.play();
+    return QTest::qWaitFor([this, before] { return loudFrames() > before + 1000; }, 2000);
+}
+
+void tst_SoundPlayback::initTestCase()
+{
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    writeTone(QStringLiteral("tone.wav"), 1);
+    writeTone(QStringLiteral("long.wav"), 60);
+    if (!m_server.start())
+        QSKIP(qPrintable(QStringLiteral("no PulseAudio: ") + m_server.error()));
+}
+
+void tst_SoundPlayback::init()
+{
+    QVERIFY(m_server.record());
+}
+
+void tst_SoundPlayback::aSpokenLapTimeIsHeard()
+{
+    CSoundOutput voice;
+    voice.enqueueText(QStringLiteral("B00:05:734"));
+    voice.play();
+    QTRY_VERIFY_WITH_TIMEOUT(loudFrames() > 44100 / 2, 20000);
+}
+
+void tst_SoundPlayback::aSampleIsHeard()
+{
+    CSoundOutput voice;
+    voice.setSample1File(QStringLiteral("tone.wav"));
+    voice.playSample1();
+    voice.play();
+    // A sine of 20000 is above the threshold nearly all the time.
+    QTRY_VERIFY_WITH_TIMEOUT(loudFrames() > 40000, 20000);
+    QVERIFY(loudFrames() <= 44100);
+}
+
+void tst_SoundPlayback::eightPanelsShareOneDevice()
+{
+    std::vector<std::unique_ptr<CSoundOutput>> panels;
+    for (int i = 0; i < 8; ++i) {
+        panels.push_back(std::make_unique<CSoundOutput>());
+        panels.back()->setSample1File(QStringLiteral("tone.wav"));
+    }
+    for (const auto& panel : panels) {
+        panel->playSample1();
+        panel->play();
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(loudFrames() > 10000, 20000);
+    QCOMPARE(m_server.streams(), 1);
+}
+
+void tst_SoundPlayback::aStopCutsTheOutputShort()
+{
+    CSoundOutput voice;
+    voice.setSample1File(QStringLiteral("long.wav"));
+    voice.playSample1();
+    voice.play();
+    QTRY_VERIFY_WITH_TIMEOUT(loudFrames() > 1000, 20000);
+    voice.stop();
+    // What the device had fetched is heard yet; the minute that the sample takes isn't.
+    QTRY_VERIFY_WITH_TIMEOUT(isSilentAfter(4410), 20000);
+}
+
+void tst_SoundPlayback::anEffectIsHeardOnlyWhenItIsPlayed()
+{
+    CSoundHandler handler;
+    handler.setNewBestLapSound(QStringLiteral("tone.wav"));
+    handler.setDriveThroughSound(QStringLiteral("tone.wav"));
+    handler.setRedLightSound(QStringLiteral("missing.wav"));
+    QVERIFY(isSilentAfter(22050)); // loading makes no noise
+    QTRY_VERIFY_WITH_TIMEOUT((handler.playNewBestLap(), loudFrames() > 10000), 20000);
+    handler.playRedLightSound();
+    // An effect that is deleted while it plays leaves a few bytes of Qt's behind.
+    QTRY_VERIFY_WITH_TIMEOUT(isSilentAfter(22050), 20000);
+}
+
+void tst_SoundPlayback::aDeviceThatIsLostAndComesBackIsHeardAgain()
+{
+    CSoundOutput voice;
+    voice.setSample1File(QStringLiteral("long.wav"));
+    voice.playSample1();
+    voice.play();
+    QTRY_VERIFY_WITH_TIMEOUT(loudFrames() > 1000, 20000);
+    m_server.stop();
+    voice.stop();
+    voice.enqueueText(QStringLiteral("012"));
+    voice.play();
+    QVERIFY2(m_server.start(), qPrintable(m_server.error()));
+    QVERIFY(m_server.record());
+    QTRY_VERIFY_WITH_TIMEOUT(lapIsHeard(voice), 60000);
+}
+
+void tst_SoundPlayback::aSinkThatIsPulledOutAndComesBackIsHeardAgain()
+{
+    CSoundOutput voice;
+    voice.setSample1File(QStringLiteral("long.wav"));
+    voice.playSample1();
+    voice.play();
+    QTRY_VERIFY_WITH_TIMEOUT(loudFrames() > 1000, 20000);
+    QVERIFY(m_server.unloadSink());
+    m_server.stopRecord();
+    voice.stop();
+    voice.playSample1();
+    voice.play();
+    QVERIFY(m_server.loadSink());
+    QVERIFY(m_server.record());
+    QTRY_VERIFY_WITH_TIMEOUT(lapIsHeard(voice), 60000);
+}
+
+void tst_SoundPlayback::aDaemonThatIsStuckDoesNotHang()
+{
+    CSoundHandler handler;
+    m_server.signal(SIGSTOP);
+    {
+        handler.setNewBestLapSound(QStringLiteral("tone.wav"));
+        CSoundOutput voice;
+        voice.setSample1File(QStringLiteral("tone.wav"));
+        for (int i = 0; i < 10; ++i) {
+            handler.playNewBestLap();
+            voice.stop();
+            voice.playSample1();
+            voice.enqueueText(QStringLiteral("012"));
+            voice.play();
+            QCoreApplication::processEvents();
+        }
+    }
+    m_server.signal(SIGCONT);
+    CSoundOutput voice;
+    voice.setSample1File(QStringLiteral("tone.wav"));
+    QTRY_VERIFY_WITH_TIMEOUT(lapIsHeard(voice), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(isSilentAfter(22050), 20000);
+}
+
+int main(int argc, char* argv[])
+{
+    tst_SoundPlayback test;
+    test.useServer(); // before the first sound
+    QCoreApplication application(argc, argv);
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_SoundPlayback.moc"
