@@ -5,6 +5,7 @@
 #include "support/ControlUnitDevice.h"
 #include "support/VirtualUnit.h"
 
+#include <QScopeGuard>
 #include <QtTest>
 
 #include <sys/resource.h>
@@ -97,10 +98,12 @@ void tst_CCarreraCuThread::run(const QList<QByteArray>& reads)
     m_script.whenAllRead = [&allRead] { allRead.release(); };
     useFakeLine();
     m_thread->start();
+    const auto stopReading = qScopeGuard([this] {
+        m_thread->stop();
+        m_thread->wait();
+        QCoreApplication::sendPostedEvents(m_target);
+    });
     QVERIFY(allRead.tryAcquire(1, 10000));
-    m_thread->stop();
-    QVERIFY(m_thread->wait(10000));
-    QCoreApplication::sendPostedEvents(m_target);
 }
 
 /** Runs the thread on a unit in memory; the condition is looked at by the thread before each wait. */
@@ -117,9 +120,11 @@ void tst_CCarreraCuThread::runUntil(ControlUnitModel* model, WaitingClock* clock
     m_cu->setPortMaker([&](const QString&) { return std::make_unique<ControlUnitDevice>(model, clock); });
     m_thread->setPortName(QStringLiteral("memory"));
     m_thread->start();
+    const auto stopReading = qScopeGuard([this] {
+        m_thread->stop();
+        m_thread->wait();
+    });
     QVERIFY(enough.tryAcquire(1, 60000));
-    m_thread->stop();
-    QVERIFY(m_thread->wait(10000));
 }
 
 QStringList tst_CCarreraCuThread::texts(const QList<QByteArray>& frames)
@@ -193,6 +198,10 @@ void tst_CCarreraCuThread::commandsMayBeQueuedFromAnyThread()
     m_cu->setPortMaker([&](const QString&) { return std::make_unique<ControlUnitDevice>(&model, &clock); });
     m_thread->setPortName(QStringLiteral("memory"));
     m_thread->start();
+    const auto stopReading = qScopeGuard([this] {
+        m_thread->stop();
+        m_thread->wait();
+    });
     const std::unique_ptr<QThread> other(QThread::create([this] {
         for (int i = 0; i < Commands; ++i)
             m_thread->queueT11();
@@ -247,10 +256,12 @@ void tst_CCarreraCuThread::everyCrossingOfAnAdapterWithLatencyArrives()
         [&](const QString&) { return std::make_unique<ControlUnitDevice>(&model, &clock, latency); });
     m_thread->setPortName(QStringLiteral("memory"));
     m_thread->start();
+    const auto stopReading = qScopeGuard([this] {
+        m_thread->stop();
+        m_thread->wait();
+    });
     QVERIFY(finished.tryAcquire(1, 60000));
     QTRY_VERIFY(m_target->frames().contains(expected.last()));
-    m_thread->stop();
-    QVERIFY(m_thread->wait(10000));
     const QStringList laps = m_target->frames().filter(QRegularExpression("^\\?[1-8]"));
     QCOMPARE(laps, expected);
 }

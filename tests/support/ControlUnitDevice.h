@@ -37,20 +37,14 @@ public:
         if (m_clock->atWait)
             m_clock->atWait();
         const qint64 deadline = m_clock->now + milliseconds * qint64(1000);
-        QByteArray bytes = m_model->transmit();
-        while (bytes.isEmpty()) {
-            const qint64 next = m_model->nextChange();
+        while (!handOver()) {
+            const qint64 next = nextChange();
             if (next < 0 || next > deadline) {
                 m_clock->now = deadline;
                 return false;
             }
             m_clock->now = qMax(m_clock->now, next);
-            bytes = m_model->transmit();
         }
-        m_clock->now += m_latency;
-        bytes += m_model->transmit();
-        m_clock->answered += bytes.count('$');
-        m_arrived += bytes;
         return true;
     }
 
@@ -73,9 +67,34 @@ protected:
     }
 
 private:
+    /** Takes what the unit has sent; the first byte of it sets the time at which all arrives. */
+    bool handOver()
+    {
+        const QByteArray bytes = m_model->transmit();
+        m_clock->answered += bytes.count('$');
+        if (m_gathered.isEmpty())
+            m_handOverAt = m_clock->now + m_latency;
+        m_gathered += bytes;
+        if (m_gathered.isEmpty() || m_clock->now < m_handOverAt)
+            return false;
+        m_arrived += m_gathered;
+        m_gathered.clear();
+        return true;
+    }
+
+    qint64 nextChange() const
+    {
+        const qint64 next = m_model->nextChange();
+        if (m_gathered.isEmpty())
+            return next;
+        return next < 0 ? m_handOverAt : qMin(next, m_handOverAt);
+    }
+
     ControlUnitModel* m_model;
     WaitingClock* m_clock;
     qint64 m_latency;
+    QByteArray m_gathered; ///< in the adapter
+    qint64 m_handOverAt = 0;
     QByteArray m_arrived;
 };
 
