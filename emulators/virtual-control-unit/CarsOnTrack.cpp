@@ -24,7 +24,7 @@ void CarsOnTrack::start(qint64 now)
 {
     for (int car = 0; car < m_cars.size(); ++car) {
         m_driving[car] = Driving();
-        m_driving[car].nextTime = now + 200 + car * GridStep + chance(0, GridStep);
+        m_driving[car].nextTime = now + 200 + qint64(car) * GridStep + chance(0, GridStep);
     }
 }
 

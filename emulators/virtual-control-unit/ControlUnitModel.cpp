@@ -90,9 +90,7 @@ QByteArray ControlUnitModel::transmit()
         m_polls.removeFirst();
         beginAnswer(begin);
     }
-    const QByteArray output = m_output;
-    m_output.clear();
-    return output;
+    return std::exchange(m_output, QByteArray());
 }
 
 qint64 ControlUnitModel::nextChange() const
@@ -252,7 +250,7 @@ void ControlUnitModel::pressStart()
     m_started = true;
     m_read.clear();
     m_startPressed = raceTime(m_clock());
-    m_cars.start(m_startPressed + (RedLamps + 1) * m_settings.lightStep);
+    m_cars.start(m_startPressed + qint64(RedLamps + 1) * m_settings.lightStep);
 }
 
 void ControlUnitModel::stopCars()

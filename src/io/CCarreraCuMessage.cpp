@@ -34,7 +34,7 @@ QString CCarreraCuMessage::toString() const
 CCarreraCuMessage CCarreraCuMessage::takeFrame()
 {
     const int length = m_bytes.indexOf(End) + 1;
-    const CCarreraCuMessage frame(m_bytes.left(length));
+    CCarreraCuMessage frame(m_bytes.left(length));
     m_bytes.remove(0, length);
     return frame;
 }

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void aNewInterfaceHasNothingAssigned();
     void outputsAndLearningDoNothing();
     void aLapFrameYieldsTheLapSensorOfItsCar();
+    void theSameLapFrameASecondTimeYieldsNothing();
     void aGroupOfOneFourOrZeroYieldsTheLapSensor_data();
     void aGroupOfOneFourOrZeroYieldsTheLapSensor();
     void groupsTwoAndThreeYieldTheSectorSensors();
@@ -127,6 +128,18 @@ void tst_CCarreraCuIo::aLapFrameYieldsTheLapSensorOfItsCar()
         QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().last()), Bits{car - '0'});
     }
     QCOMPARE(m_receiver->passes().size(), 8);
+}
+
+void tst_CCarreraCuIo::theSameLapFrameASecondTimeYieldsNothing()
+{
+    useFakeLine();
+    m_script.reads = {"?10000000012$", "?10000000012$", "?20000000013$"};
+    m_io->readSettings(blobWithPort(QStringLiteral("fake")));
+    m_io->start();
+    QTRY_VERIFY(m_receiver->passes().size() >= 2);
+    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().at(0)), Bits{1});
+    QCOMPARE(m_receiver->passes().at(0).time, 0);
+    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().at(1)), Bits{2});
 }
 
 void tst_CCarreraCuIo::aGroupOfOneFourOrZeroYieldsTheLapSensor_data()
