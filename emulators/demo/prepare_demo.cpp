@@ -84,6 +84,7 @@ void writeSettings()
     settings.setDisplayShowSectorTimes(true);
     settings.setDisplayShowAverageLapTime(true);
     settings.setDisplayFuel(true);
+    settings.setDisplaySize(CSettings::Medium); // two rows of panels with all these fields on one screen
     settings.setStorageApproach(CSettings::UseDefaultPath);
     settings.setStorageDefaultPath(QDir::currentPath());
     settings.setStorageCsvTimeFormat(CSettings::MinutesComma);
