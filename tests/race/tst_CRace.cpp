@@ -112,6 +112,7 @@ private Q_SLOTS:
     void sensorEventsReachEndAndWinnerDuringAPause();
     void pauseThatRunsIntoTheGoKeepsMembersStopped();
     void pauseBeforeTheGoAddsNoTimeOfTheRaceBefore();
+    void raceTimeBeginsAnewAtTheGo();
     void stopDuringAPauseEndsThePause();
     void timeLimitIsPausedWithTheRace();
 
@@ -796,6 +797,24 @@ void tst_CRace::pauseBeforeTheGoAddsNoTimeOfTheRaceBefore()
     fixture.take();
     QVERIFY(fixture.fire("vOneSecondEvent"));
     QCOMPARE(fixture.take(), QStringList({"time 00:00:00.000"}));
+}
+
+void tst_CRace::raceTimeBeginsAnewAtTheGo()
+{
+    // A resume lets the clock run during the countdown, and a second pause gathers its time.
+    RaceFixture fixture;
+    fixture.useTimedStart();
+    CRace& race = fixture.start();
+    race.vPause();
+    race.vResume();
+    fixture.advanceClock(4000);
+    race.vPause();
+    race.vResume();
+    fixture.letStartSecondsPass(5);
+    fixture.take();
+    fixture.advanceClock(1000);
+    QVERIFY(fixture.fire("vOneSecondEvent"));
+    QCOMPARE(fixture.take(), QStringList({"time 00:00:01.000"}));
 }
 
 void tst_CRace::stopDuringAPauseEndsThePause()

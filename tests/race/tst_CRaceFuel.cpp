@@ -83,6 +83,8 @@ private Q_SLOTS:
     void reaction3FrequencySetsThePeriod();
     void stutterEndsWithTheRace();
     void stutterIsOffAtTheNextStart();
+    void reactionIsTakenFromTheSettingsAtEachStart_data();
+    void reactionIsTakenFromTheSettingsAtEachStart();
     void racewayWithoutPowerSwitchesHasNoReaction1And3_data();
     void racewayWithoutPowerSwitchesHasNoReaction1And3();
 
@@ -385,6 +387,27 @@ void tst_CRaceFuel::stutterIsOffAtTheNextStart()
     race.race().vStartQuickRace();
     QVERIFY(!race.stutterTimer().isActive());
     QVERIFY(race.race().raceMember(0).powerOn());
+}
+
+void tst_CRaceFuel::reactionIsTakenFromTheSettingsAtEachStart_data()
+{
+    QTest::addColumn<int>("reaction");
+    QTest::newRow("1") << int(CRaceMember::PowerOff);
+    QTest::newRow("3") << int(CRaceMember::Stutter);
+}
+
+void tst_CRaceFuel::reactionIsTakenFromTheSettingsAtEachStart()
+{
+    QFETCH(int, reaction);
+    FuelRace race(static_cast<CRaceMember::EmptyReaction>(reaction));
+    race.start();
+    race.race().vStop();
+    race.changeFuel([](CFuelSettings& fuel) { fuel.setEmptyFuelReaction(CRaceMember::PenaltyPerLap); });
+    race.race().vStartQuickRace();
+    race.take();
+    race.emptyTanks({1});
+    QCOMPARE(race.takePower(), QStringList());
+    QVERIFY(!race.stutterTimer().isActive());
 }
 
 void tst_CRaceFuel::racewayWithoutPowerSwitchesHasNoReaction1And3_data()

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void emptyReactions_data();
     void emptyReactions();
     void onReserveAndEnoughKeepBlockAndPenalty();
+    void aCopyOfABlockedMemberIsBlocked();
     void blockedLapsLeaveNoTrace();
     void aBlockedMemberCountsAgainAfterRefuelling();
     void thePenaltyComesWithEveryLapUntilRefuelling();
@@ -267,6 +268,17 @@ void tst_CRaceMemberFuel::onReserveAndEnoughKeepBlockAndPenalty()
     member.setFuelPercent(90);
     QCOMPARE(cross(member, 7000), Ended | Began);
     QCOMPARE(member.activePenalty(), 5000);
+}
+
+void tst_CRaceMemberFuel::aCopyOfABlockedMemberIsBlocked()
+{
+    CRaceMember member;
+    prepare(member, 0.5, 1.0, CRaceMember::BlockLapCounting);
+    cross(member, 1000);
+    cross(member, 3000);
+    CRaceMember copy(member);
+    QVERIFY(copy.lapCountingBlocked());
+    QCOMPARE(cross(copy, 5000), Began);
 }
 
 void tst_CRaceMemberFuel::blockedLapsLeaveNoTrace()

@@ -123,6 +123,7 @@ private Q_SLOTS:
     void averageClosestToTargetWins();
     void averageClosestToTargetTieGoesToTheLowerTrack();
     void averageClosestToTargetCountsAMemberWithoutLapsAsZero();
+    void averageClosestToTargetAnHourAwayDoesNotCount();
 
     void smallestSpreadWins();
     void spreadLeavesOutTheSlowestLaps();
@@ -417,6 +418,9 @@ void tst_CWinningCondition::closestLapAnHourAwayDoesNotCount()
 {
     CRaceSettings settings = settingsOf(ClosestToTargetTime);
     settings.setWinningTargetTime(QTime(0, 0));
+    const CRaceMembers tooFar = membersWithLaps({{3700000}, {3600000, 3599999}});
+    decide(settings, tooFar);
+    QCOMPARE(winners(tooFar), QList<int>({0}));
     const CRaceMembers members = membersWithLaps({{3700000}, {3600000, 3599999}, {3650000, 3599998}});
     decide(settings, members);
     QCOMPARE(winners(members), QList<int>({2}));
@@ -446,6 +450,19 @@ void tst_CWinningCondition::averageClosestToTargetCountsAMemberWithoutLapsAsZero
     QCOMPARE(winners(members), QList<int>({1}));
     QVERIFY(condition->resultText().startsWith(
         QStringLiteral("Fahrer 2 lag mit einer Durchschnittszeit von 00:00:000 ")));
+}
+
+void tst_CWinningCondition::averageClosestToTargetAnHourAwayDoesNotCount()
+{
+    CRaceSettings settings = settingsOf(AverageClosestToTargetTime);
+    settings.setWinningTargetTime(QTime(0, 0));
+    const CRaceMembers members = membersWithLaps({{3700000}, {3599999}});
+    decide(settings, members);
+    QCOMPARE(winners(members), QList<int>({0}));
+    // The hours of this target count.
+    settings.setWinningTargetTime(QTime(1, 0));
+    decide(settings, members);
+    QCOMPARE(members[1]->status(), CRaceMemberStatus::Winner);
 }
 
 void tst_CWinningCondition::smallestSpreadWins()
