@@ -18,7 +18,7 @@ CSoundDevice::~CSoundDevice()
     if (m_thread->wait(PatienceMs))
         return;
     qCWarning(soundLog) << "the audio device hangs and is left behind";
-    m_thread.release();
+    static_cast<void>(m_thread.release());
 }
 
 void CSoundDevice::wake()

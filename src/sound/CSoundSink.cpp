@@ -66,7 +66,7 @@ bool CSoundSink::open()
     if (device.isNull() || !device.isFormatSupported(format))
         return false;
     m_output = std::make_unique<QAudioOutput>(device, format);
-    m_output->setBufferSize(format.bytesForDuration(BufferMs * 1000));
+    m_output->setBufferSize(format.bytesForDuration(qint64(BufferMs) * 1000));
     connect(m_output.get(), &QAudioOutput::stateChanged, this, &CSoundSink::onStateChanged,
             Qt::QueuedConnection);
     m_stream = m_output->start();

@@ -28,10 +28,10 @@ QString germanBelow100(int number)
 {
     if (number < 20)
         return QString::fromUtf8(germanOnes[number]);
-    const QString tens = QString::fromUtf8(germanTens[number / 10]);
-    if (number % 10 == 0)
-        return tens;
-    return QString::fromUtf8(germanOnes[number % 10]) + QStringLiteral("und") + tens;
+    QString word;
+    if (number % 10 > 0)
+        word = QString::fromUtf8(germanOnes[number % 10]) + QStringLiteral("und");
+    return word + QString::fromUtf8(germanTens[number / 10]);
 }
 
 /** 1 to 999999, as a front part, too: "einhundertein". */

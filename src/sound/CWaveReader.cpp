@@ -73,7 +73,7 @@ SoundClip clipFrom(const QByteArray& data, const CFormat& format)
     const int count = data.size() / format.bytes();
     QVector<qint16> samples(count);
     for (int i = 0; i < count; ++i)
-        samples[i] = sampleFrom(data.constData() + i * format.bytes(), format);
+        samples[i] = sampleFrom(data.constData() + qptrdiff(i) * format.bytes(), format);
     return makeSoundClip(samples, format.channels, int(format.rate));
 }
 

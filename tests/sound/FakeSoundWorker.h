@@ -42,13 +42,16 @@ public:
     QStringList log() const
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_log;
+        QStringList copy; // not shared with the thread
+        for (const QString& line : m_log)
+            copy << line;
+        return copy;
     }
     /** @return the languages of what was spoken. */
     QVector<SpeechLanguage> languages() const
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_languages;
+        return QVector<SpeechLanguage>(m_languages.begin(), m_languages.end());
     }
     /** Lets the file "wait.wav" go. */
     void release()

@@ -1,7 +1,7 @@
 #include "sound/CSoundOutput.h"
 #include "sound/FakeSoundWorker.h"
+#include "sound/RecordingSoundOutLib.h"
 #include "sound/SoundOutLib.h"
-#include "support/RecordingSoundOutLib.h"
 
 #include <QLocale>
 #include <QTest>
