@@ -1,5 +1,6 @@
 // From the start of the process to the first painted window, beside a program that shows an empty
-// Qt window. Both tell of their first paint through Qt's own logging category for it.
+// Qt window, on the X display if there is one. Both tell of their first paint through Qt's own
+// logging category for it.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -22,6 +23,8 @@ double timeToFirstPaint(const QString& program, const QStringList& arguments, co
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("qt.widgets.painting.info=true"));
+    if (environment.contains(QStringLiteral("DISPLAY")))
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(directory);
     process.setReadChannel(QProcess::StandardError);

@@ -84,7 +84,9 @@ void CKelmoMain::connectSummaryToDialog()
 void CKelmoMain::showWindow(bool windowed)
 {
     if (windowed) {
-        m_mainDialog->setWindowFlags(Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+        // There is no window yet that must be told: setWindowFlags() would style every widget anew.
+        m_mainDialog->overrideWindowFlags(Qt::Window | Qt::WindowMinMaxButtonsHint |
+                                          Qt::WindowCloseButtonHint);
         m_mainDialog->setWindowState(Qt::WindowMaximized);
     } else {
         m_mainDialog->setWindowState(Qt::WindowFullScreen);
