@@ -410,7 +410,9 @@ void tst_CDatabase::aTornFileDoesNotStopTheStartAndIsNotLost_data()
 
     for (const char* version : {"minus2", "0", "1"}) {
         for (const int percent : {1, 10, 50, 90, 99}) {
-            QTest::addRow("version %s, %d percent left", version, percent) << version << percent;
+            const QByteArray name =
+                QByteArray("version ") + version + ", " + QByteArray::number(percent) + " percent left";
+            QTest::newRow(name.constData()) << version << percent;
         }
     }
 }
