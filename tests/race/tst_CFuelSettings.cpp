@@ -1,4 +1,3 @@
-#include "data/CFuelTank.h"
 #include "race/CFuelSettings.h"
 #include "support/StreamBytes.h"
 
@@ -42,7 +41,6 @@ private Q_SLOTS:
     void streamKeepsAllFields();
     void unknownValuesInAStreamBecomeZero();
     void anEmptyStreamGivesZeros();
-    void aTankAsLargeAsItsReserveIsOnReserveFromTheFirstLapOn();
 };
 
 void tst_CFuelSettings::newSettingsHaveTheDefaults()
@@ -156,18 +154,6 @@ void tst_CFuelSettings::anEmptyStreamGivesZeros()
     QCOMPARE(settings.fuelFunction(), 0);
     QCOMPARE(settings.tankSize(), 0.0);
     QCOMPARE(settings.emptyFuelStutterFrequency(), 0);
-}
-
-void tst_CFuelSettings::aTankAsLargeAsItsReserveIsOnReserveFromTheFirstLapOn()
-{
-    CFuelSettings settings;
-    settings.setTankSize(20.0);
-    settings.setReserveLevel(20.0);
-    CFuelTank tank;
-    tank.setTankSizeAndReserveLevel(settings.tankSize(), settings.reserveLevel());
-    tank.addFuel(settings.tankSize());
-    QCOMPARE(tank.level(), 20.0);
-    QCOMPARE(tank.consumeLap(60000), CFuelTank::OnReserve);
 }
 
 QTEST_APPLESS_MAIN(tst_CFuelSettings)

@@ -61,6 +61,7 @@ class tst_CRaceFuel : public QObject
 
 private Q_SLOTS:
     void lapOnReserveIsPublishedInOrder();
+    void tankAsLargeAsItsReserveIsOnReserveFromTheFirstLapOn();
     void lapThatEmptiesTheTankCountsAndIsPublishedInOrder();
     void levelBelowOneLapBecomesEmptyAndTheLapCounts();
     void bestLapThatEmptiesTheTankIsPublishedAsBoth();
@@ -111,6 +112,22 @@ void tst_CRaceFuel::lapOnReserveIsPublishedInOrder()
     race.sensorsAt(6000, {1});
     QCOMPARE(race.take(), QStringList({"event 1.0", "event 12.3", "member 0: kind 1, status 4, laps 1"}));
     QCOMPARE(race.memberEvents.last().fuelPercent, 19);
+}
+
+void tst_CRaceFuel::tankAsLargeAsItsReserveIsOnReserveFromTheFirstLapOn()
+{
+    FuelRace race(CRaceMember::BlockLapCounting);
+    race.changeFuel([](CFuelSettings& fuel) {
+        fuel.setTankSize(20.0);
+        fuel.setReserveLevel(20.0);
+    });
+    race.useConsumption(1.0);
+    race.start();
+    QCOMPARE(race.fuelPercent(0), 100);
+    race.sensorsAt(1000, {1});
+    race.take();
+    race.sensorsAt(6000, {1});
+    QCOMPARE(race.take(QStringLiteral("event")), QStringList({"event 1.0", "event 12.3"}));
 }
 
 void tst_CRaceFuel::lapThatEmptiesTheTankCountsAndIsPublishedInOrder()
