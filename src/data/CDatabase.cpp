@@ -70,16 +70,13 @@ CDatabase::~CDatabase()
 }
 
 // A new file is built in the oldest schema and walks through every step, so that each new file
-// exercises the migration. All in one transaction: else each statement waits for the disk, and an
-// interrupted start leaves half a schema.
+// exercises the migration.
 void CDatabase::createFile()
 {
     m_database.open();
-    m_database.transaction();
     createInitialTables();
     migrateDatabaseToCurrent(-2);
     insertDefaultRows();
-    m_database.commit();
 }
 
 void CDatabase::openExistingFile()
@@ -92,9 +89,7 @@ void CDatabase::openExistingFile()
     m_database.close();
     backUpFile();
     m_database.open();
-    m_database.transaction();
     migrateDatabaseToCurrent(version);
-    m_database.commit();
 }
 
 void CDatabase::backUpFile() const

@@ -78,13 +78,14 @@ private Q_SLOTS:
     void aReleaseTooManyDoesNothing();
     void aFileThatIsNoDatabaseIsLeftAlone_data();
     void aFileThatIsNoDatabaseIsLeftAlone();
-    void aFileTooShortForADatabaseIsBackedUpAndFilled_data();
-    void aFileTooShortForADatabaseIsBackedUpAndFilled();
+    void aFileTooShortForADatabaseIsBackedUpAndMigrated_data();
+    void aFileTooShortForADatabaseIsBackedUpAndMigrated();
     void aTornFileDoesNotStopTheStartAndIsNotLost_data();
     void aTornFileDoesNotStopTheStartAndIsNotLost();
     void theListsLiveWithADamagedFile_data();
     void theListsLiveWithADamagedFile();
     void aDirectoryInPlaceOfTheFileDoesNotStopTheStart();
+    void aFileThatCannotBeMadeDoesNotStopTheStart();
     void aReadOnlyFileCanStillBeRead();
 
 private:
@@ -383,7 +384,7 @@ void tst_CDatabase::aFileThatIsNoDatabaseIsLeftAlone()
     QCOMPARE(contentOf(BackupName), content);
 }
 
-void tst_CDatabase::aFileTooShortForADatabaseIsBackedUpAndFilled_data()
+void tst_CDatabase::aFileTooShortForADatabaseIsBackedUpAndMigrated_data()
 {
     QTest::addColumn<QByteArray>("content");
 
@@ -391,7 +392,7 @@ void tst_CDatabase::aFileTooShortForADatabaseIsBackedUpAndFilled_data()
     QTest::newRow("one byte") << QByteArray("x");
 }
 
-void tst_CDatabase::aFileTooShortForADatabaseIsBackedUpAndFilled()
+void tst_CDatabase::aFileTooShortForADatabaseIsBackedUpAndMigrated()
 {
     QFETCH(QByteArray, content);
     QVERIFY(writeContent("tornik.db", content));
@@ -400,7 +401,11 @@ void tst_CDatabase::aFileTooShortForADatabaseIsBackedUpAndFilled()
 
     QCOMPARE(m_scratch->backups(), QStringList{BackupName});
     QCOMPARE(contentOf(BackupName), content);
-    QCOMPARE(DatabaseFile().value("PRAGMA user_version"), QString("1"));
+    DatabaseFile file;
+    QCOMPARE(file.value("PRAGMA user_version"), QString("1"));
+    // It is there, so that it isn't made anew: it has what the steps of the migration make.
+    QCOMPARE(file.rows("SELECT name FROM sqlite_master WHERE name NOT LIKE 'sqlite_%' ORDER BY name"),
+             (QStringList{"cars", "fastestLapTimes", "raceways"}));
 }
 
 void tst_CDatabase::aTornFileDoesNotStopTheStartAndIsNotLost_data()
@@ -481,6 +486,18 @@ void tst_CDatabase::aDirectoryInPlaceOfTheFileDoesNotStopTheStart()
     QVERIFY(!database->tableExists("cars"));
     CDatabase::release();
     QVERIFY(QDir("tornik.db").isEmpty());
+}
+
+void tst_CDatabase::aFileThatCannotBeMadeDoesNotStopTheStart()
+{
+    QVERIFY(QFile::link("no/such/directory/tornik.db", "tornik.db"));
+
+    QTest::ignoreMessage(QtDebugMsg, NotOpen);
+    const CDatabase* database = CDatabase::instance();
+
+    QCOMPARE(database->detectVersion(), 0);
+    CDatabase::release();
+    QCOMPARE(m_scratch->backups(), QStringList());
 }
 
 void tst_CDatabase::aReadOnlyFileCanStillBeRead()
