@@ -114,8 +114,9 @@ CRowInserter::CRowInserter(const QString& table, const QSqlRecord& fields)
 CRowInserter::~CRowInserter()
 {
     m_query.finish();
-    if (m_inTransaction)
-        m_database.commit();
+    // A transaction that stays open would take all that is stored later with it at the end.
+    if (m_inTransaction && !m_database.commit())
+        m_database.rollback();
 }
 
 void CRowInserter::add(const QSqlRecord& row)

@@ -46,7 +46,7 @@ QString columnText(const QString& text);
 
 /**
  * Adds many rows to a table in one transaction, which ends with the object. A row that fails is
- * passed over.
+ * passed over; where the file takes none of them, the table stays as it was.
  */
 class CRowInserter
 {

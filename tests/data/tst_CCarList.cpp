@@ -140,6 +140,7 @@ private Q_SLOTS:
     void anImportOfJunkNeitherCrashesNorChangesARow();
     void anImportOf100000LinesAddsThemAll();
     void anImportedCarIsStoredLikeAnAddedOne();
+    void anImportThatTheFileDoesNotTakeLeavesLaterCarsAlone();
 
 private:
     std::unique_ptr<ScratchDirectory> m_scratch;
@@ -748,6 +749,25 @@ void tst_CCarList::anImportedCarIsStoredLikeAnAddedOne()
         "typeof(distanceDriven), typeof(freeField9) FROM cars WHERE name LIKE 'Rot%'");
     QCOMPARE(types, (QStringList{"text|integer|integer|real|real|integer|text",
                                  "text|integer|integer|real|real|integer|text"}));
+}
+
+void tst_CCarList::anImportThatTheFileDoesNotTakeLeavesLaterCarsAlone()
+{
+    QVERIFY(writeLines("cars.csv", {CurrentHeader, "A", "B"}));
+    CCarList list;
+    QVERIFY(QSqlQuery().exec("PRAGMA busy_timeout = 1"));
+    {
+        DatabaseFile reader; // as long as somebody reads, nothing can be written
+        QVERIFY(reader.exec("BEGIN"));
+        QCOMPARE(reader.value("SELECT COUNT(*) FROM cars"), QString("1"));
+        list.importCsv("cars.csv");
+        QVERIFY(reader.exec("COMMIT"));
+    }
+    QCOMPARE(list.count(), 1);
+
+    list.addCar(namedCar("C"));
+
+    QCOMPARE(DatabaseFile().rows("SELECT name FROM cars ORDER BY id"), (QStringList{"Default", "C"}));
 }
 
 QTEST_GUILESS_MAIN(tst_CCarList)
