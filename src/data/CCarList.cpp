@@ -10,10 +10,6 @@ using namespace TableAccess;
 
 namespace {
 
-// The consumption is stored without its lap times; a car from the table or a file has these.
-constexpr quint32 StoredMaxUsageTime = 1000;
-constexpr quint32 StoredMinUsageTime = 10000;
-
 QString freeFieldColumn(int index)
 {
     return QStringLiteral("freeField%1").arg(index);
@@ -25,8 +21,8 @@ CFuelTank tankFrom(const QSqlRecord& record)
     const double tankSize = record.value(QStringLiteral("tankSize")).toDouble();
     CFuelTank tank;
     tank.setTankSizeAndReserveLevel(tankSize, reserveLevel);
-    tank.setMaxUsage(record.value(QStringLiteral("maxConsumption")).toDouble(), StoredMaxUsageTime);
-    tank.setMinUsage(record.value(QStringLiteral("minConsumption")).toDouble(), StoredMinUsageTime);
+    tank.setMaxUsage(record.value(QStringLiteral("maxConsumption")).toDouble(), CCarList::MaxUsageTime);
+    tank.setMinUsage(record.value(QStringLiteral("minConsumption")).toDouble(), CCarList::MinUsageTime);
     return tank;
 }
 

@@ -26,6 +26,10 @@ class CCarList : public QObject
     Q_OBJECT
 
 public:
+    // Table and files keep the consumption without its lap times; a car from there has these.
+    static constexpr quint32 MaxUsageTime = 1000;  ///< milliseconds
+    static constexpr quint32 MinUsageTime = 10000; ///< milliseconds
+
     explicit CCarList(QObject* parent = nullptr);
     ~CCarList() override;
 

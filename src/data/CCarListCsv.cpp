@@ -9,10 +9,6 @@
 
 namespace {
 
-// The consumption stands in a file without its lap times.
-constexpr quint32 ImportedMaxUsageTime = 1000;
-constexpr quint32 ImportedMinUsageTime = 10000;
-
 /** The header of the form of ten columns, which is never translated. */
 QStringList oldHeader()
 {
@@ -43,8 +39,8 @@ CFuelTank readTank(Parts& parts, CFuelTank tank)
     const double tankSize = parts.amount();
     const double reserveLevel = parts.amount();
     tank.setTankSizeAndReserveLevel(tankSize, reserveLevel);
-    tank.setMaxUsage(parts.amount(), ImportedMaxUsageTime);
-    tank.setMinUsage(parts.amount(), ImportedMinUsageTime);
+    tank.setMaxUsage(parts.amount(), CCarList::MaxUsageTime);
+    tank.setMinUsage(parts.amount(), CCarList::MinUsageTime);
     return tank;
 }
 
