@@ -1,10 +1,10 @@
 #include "io/CKelmoPortSimulator.h"
 
 #include "io/CDriveThroughEvent.h"
-#include "io/PortIds.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QMetaMethod>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,25 +16,24 @@ struct RowDescription
 {
     const char* suffix; ///< behind "slot" and the number in the object name
     const char* text;   ///< in front of the number
-    int firstPortId;
     const char* allName;
     const char* allText;
 };
 
 /** In the order of CKelmoPortSimulator::Kind. */
 const RowDescription rowDescriptions[] = {
-    {"", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Slot &"), PortId::FirstLapSensor, "all",
+    {"", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Slot &"), "all",
      QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Slots")},
-    {"Sector2Begin", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Sektor2 Slot &"), PortId::FirstSector2Sensor,
-     "allSector2Begin", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Sektor 2")},
-    {"Sector3Begin", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Sektor3 Slot &"), PortId::FirstSector3Sensor,
-     "allSector3Begin", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Sektor 3")},
-    {"EndSensor", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Ende Slot &"), PortId::FirstEndSensor,
-     "allEndSensors", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Slots Ende")},
-    {"Fuel", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Tanken &"), PortId::FirstFuelSensor, "allRefuel",
+    {"Sector2Begin", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Sektor2 Slot &"), "allSector2Begin",
+     QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Sektor 2")},
+    {"Sector3Begin", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Sektor3 Slot &"), "allSector3Begin",
+     QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Sektor 3")},
+    {"EndSensor", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Ende Slot &"), "allEndSensors",
+     QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle Slots Ende")},
+    {"Fuel", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Tanken &"), "allRefuel",
      QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle auftanken")},
-    {"FuelEnd", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Tanken Ende &"), PortId::FirstFuelFinishedSensor,
-     "allRefuelEnd", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle auftanken beenden")},
+    {"FuelEnd", QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Tanken Ende &"), "allRefuelEnd",
+     QT_TRANSLATE_NOOP("CKelmoPortSimulator", "Alle auftanken beenden")},
 };
 
 } // namespace
@@ -45,7 +44,7 @@ CKelmoPortSimulator::CKelmoPortSimulator(QWidget* parent) : QDialog(parent), m_s
     auto* layout = new QVBoxLayout(this);
     for (int kind = 0; kind < KindCount; ++kind)
         m_rows[std::size_t(kind)] = addRow(layout, Kind(kind));
-    m_chaosButton = makeButton(QStringLiteral("chaosButton"), tr("Chaostaste"), PortId::ChaosButton, 1);
+    m_chaosButton = makeButton(QStringLiteral("chaosButton"), tr("Chaostaste"));
     layout->addWidget(m_chaosButton);
     m_clock.start();
 }
@@ -64,21 +63,21 @@ CKelmoPortSimulator::Row CKelmoPortSimulator::addRow(QVBoxLayout* layout, Kind k
     for (int track = 0; track < PortId::Tracks; ++track) {
         const QString number = QString::number(track + 1);
         row.buttons.push_back(makeButton(QStringLiteral("slot") + number + QLatin1String(description.suffix),
-                                         tr(description.text) + number, description.firstPortId + track, 1));
+                                         tr(description.text) + number));
         buttons->addWidget(row.buttons.back());
     }
-    row.all = makeButton(QLatin1String(description.allName), tr(description.allText), description.firstPortId,
-                         PortId::Tracks);
+    row.all = makeButton(QLatin1String(description.allName), tr(description.allText));
     layout->addWidget(row.all);
     return row;
 }
 
-QPushButton* CKelmoPortSimulator::makeButton(const QString& name, const QString& text, int firstPortId,
-                                             int count)
+QPushButton* CKelmoPortSimulator::makeButton(const QString& name, const QString& text)
 {
     auto* button = new QPushButton(text, this);
     button->setObjectName(name);
-    connect(button, &QPushButton::pressed, this, [this, firstPortId, count] { press(firstPortId, count); });
+    // One slot for each of 55 buttons, found by its name.
+    const int slot = metaObject()->indexOfSlot(qPrintable(name + QStringLiteral("Pressed()")));
+    connect(button, QMetaMethod::fromSignal(&QPushButton::pressed), this, metaObject()->method(slot));
     connect(button, &QPushButton::released, this, &CKelmoPortSimulator::slotReleased);
     return button;
 }

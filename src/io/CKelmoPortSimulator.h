@@ -2,6 +2,7 @@
 #define TORNIK_IO_CKELMOPORTSIMULATOR_H
 
 #include "data/CRaceway.h"
+#include "io/PortIds.h"
 
 #include <QBitArray>
 #include <QDialog>
@@ -14,15 +15,24 @@
 class QPushButton;
 class QVBoxLayout;
 
+/** The slots of the six buttons that a track has. */
+// clang-format off
+#define TORNIK_SIMULATOR_SLOTS_OF_TRACK(number)                                                    \
+    void slot##number##Pressed() { press(PortId::lapSensor((number) - 1)); }                       \
+    void slot##number##FuelPressed() { press(PortId::fuelSensor((number) - 1)); }                  \
+    void slot##number##FuelEndPressed() { press(PortId::fuelFinishedSensor((number) - 1)); }       \
+    void slot##number##Sector2BeginPressed() { press(PortId::sector2Sensor((number) - 1)); }       \
+    void slot##number##Sector3BeginPressed() { press(PortId::sector3Sensor((number) - 1)); }       \
+    void slot##number##EndSensorPressed() { press(PortId::endSensor((number) - 1)); }
+// clang-format on
+
 /**
  * One button for each sensor of the raceway: a held button is a closed sensor. Posts the same
  * CDriveThroughEvents as a hardware interface, beside it and not in its place, so that a race can
  * be driven with no hardware at all.
  *
- * Made once by the main dialog, which owns it; not modal. Each button has an object name: "slot1"
- * to "slot8", with "Fuel", "FuelEnd", "Sector2Begin", "Sector3Begin" or "EndSensor" behind it for
- * the other sensors of a track, "all", "allRefuel", "allRefuelEnd", "allSector2Begin",
- * "allSector3Begin" and "allEndSensors" for those of all tracks, and "chaosButton".
+ * Made once by the main dialog, which owns it; not modal. Each button has a slot of its own, and
+ * the object name of the slot without "Pressed": "slot1Fuel", "allRefuel", "chaosButton".
  */
 class CKelmoPortSimulator : public QDialog
 {
@@ -42,6 +52,22 @@ public Q_SLOTS:
     /** Begins a new time base, near 0, and shows the dialog. */
     void show();
 
+    // Each posts an event in which its sensors are closed and no others.
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(1)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(2)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(3)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(4)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(5)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(6)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(7)
+    TORNIK_SIMULATOR_SLOTS_OF_TRACK(8)
+    void allPressed() { press(PortId::FirstLapSensor, PortId::Tracks); }
+    void allRefuelPressed() { press(PortId::FirstFuelSensor, PortId::Tracks); }
+    void allRefuelEndPressed() { press(PortId::FirstFuelFinishedSensor, PortId::Tracks); }
+    void allSector2BeginPressed() { press(PortId::FirstSector2Sensor, PortId::Tracks); }
+    void allSector3BeginPressed() { press(PortId::FirstSector3Sensor, PortId::Tracks); }
+    void allEndSensorsPressed() { press(PortId::FirstEndSensor, PortId::Tracks); }
+    void chaosButtonPressed() { press(PortId::ChaosButton); }
     /** Posts an event in which no sensor is closed. */
     void slotReleased();
 
@@ -65,11 +91,12 @@ private:
     };
 
     Row addRow(QVBoxLayout* layout, Kind kind);
-    /** @param firstPortId, count the sensors that the button closes */
-    QPushButton* makeButton(const QString& name, const QString& text, int firstPortId, int count);
+    /** @param name that of the button's slot without "Pressed" */
+    QPushButton* makeButton(const QString& name, const QString& text);
     /** Shows one button for each track, and that for all of them if there is more than one. */
     void showRow(Kind kind, bool available, int tracks);
-    void press(int firstPortId, int count);
+    /** Closes so many sensors from a port id on, in place of those before. */
+    void press(int firstPortId, int count = 1);
     void postSensors();
 
     QPushButton* m_chaosButton = nullptr;
@@ -79,5 +106,7 @@ private:
     QPointer<QObject> m_receiver;
     QBitArray m_sensors;
 };
+
+#undef TORNIK_SIMULATOR_SLOTS_OF_TRACK
 
 #endif

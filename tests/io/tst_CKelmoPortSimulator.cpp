@@ -39,6 +39,8 @@ private Q_SLOTS:
 
     void buttonHasItsTextAndClosesItsSensors_data();
     void buttonHasItsTextAndClosesItsSensors();
+    void slotOfAButtonClosesItsSensors_data();
+    void slotOfAButtonClosesItsSensors();
     void everyButtonPostsItsReleaseToo();
     void buttonsStandInTheirOrderFromTopToBottom();
     void heldKeyIsAClosedSensor();
@@ -153,6 +155,20 @@ void tst_CKelmoPortSimulator::buttonHasItsTextAndClosesItsSensors()
     QTest::mouseRelease(pressed, Qt::LeftButton);
     QTRY_COMPARE(m_sink->events.size(), 2);
     QCOMPARE(m_sink->events.at(1).sensors, QBitArray(65));
+}
+
+void tst_CKelmoPortSimulator::slotOfAButtonClosesItsSensors_data()
+{
+    buttonHasItsTextAndClosesItsSensors_data();
+}
+
+void tst_CKelmoPortSimulator::slotOfAButtonClosesItsSensors()
+{
+    QFETCH(QString, name);
+    QFETCH(QList<int>, ids);
+    QVERIFY(QMetaObject::invokeMethod(m_simulator.get(), qPrintable(name + "Pressed")));
+    QTRY_COMPARE(m_sink->events.size(), 1);
+    QCOMPARE(m_sink->closed(0), ids);
 }
 
 void tst_CKelmoPortSimulator::everyButtonPostsItsReleaseToo()
