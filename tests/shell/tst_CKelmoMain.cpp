@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
@@ -129,6 +130,9 @@ private Q_SLOTS:
     void clientModeWiresNoRace();
     void clientModeIgnoresQuickRace();
 
+    void withoutTracksARaceStillRuns_data();
+    void withoutTracksARaceStillRuns();
+
     void endStopsARunningRace();
     void closingTheWindowInARaceEndsTheProgram();
 };
@@ -136,6 +140,7 @@ private Q_SLOTS:
 void tst_CKelmoMain::init()
 {
     QFile::remove("tornik.db");
+    QDir().rmdir("tornik.db");
     QFile::remove("rennen.csv");
     QSettings("Tornik", "Tornik").clear();
 }
@@ -332,6 +337,39 @@ void tst_CKelmoMain::clientModeIgnoresQuickRace()
 {
     Program program({"--windowed", "--connect", "127.0.0.1:9", "--quickRace"});
     QVERIFY(!program.race().isRaceActive());
+}
+
+void tst_CKelmoMain::withoutTracksARaceStillRuns_data()
+{
+    QTest::addColumn<bool>("isOpen");
+    QTest::newRow("a database that can't be opened") << false;
+    QTest::newRow("a database without the table of tracks") << true;
+}
+
+void tst_CKelmoMain::withoutTracksARaceStillRuns()
+{
+    QFETCH(bool, isOpen);
+    QFile emptyFile("tornik.db");
+    QVERIFY(isOpen ? emptyFile.open(QIODevice::WriteOnly) : QDir().mkdir("tornik.db"));
+    emptyFile.close();
+    Program program({"--windowed"});
+    QCOMPARE(program.race().numberOfMembers(), 0);
+    QVERIFY(program.dialog().findChild<CTrackDisplay*>("track1")->isVisible());
+
+    QAction* quickRace = program.menu()->action(CMainMenu::QuickRace);
+    quickRace->trigger();
+    program.sensorAt(1000, 1);
+    program.menu()->action(CMainMenu::PauseRace)->trigger();
+    program.menu()->action(CMainMenu::PauseRace)->trigger();
+    program.sensorAt(2000, 1);
+    QVERIFY(program.race().isRaceActive());
+    quickRace->trigger();
+    QVERIFY(!program.race().isRaceActive());
+
+    const ModalAnswers noWindow;
+    program.menu()->action(CMainMenu::ShowSummary)->trigger();
+    program.menu()->action(CMainMenu::StoreRace)->trigger();
+    QVERIFY(QFile::exists("rennen.csv"));
 }
 
 void tst_CKelmoMain::endStopsARunningRace()
