@@ -1,6 +1,7 @@
 #include "io/CCarreraCu.h"
 
 #include "io/IoLog.h"
+#include "io/SharedDevice.h"
 
 #include <QElapsedTimer>
 #include <QSerialPort>
@@ -9,9 +10,6 @@
 namespace {
 
 constexpr int ShortestFrame = 3;
-
-CCarreraCu* sharedUnit = nullptr;
-int references = 0;
 
 std::unique_ptr<QIODevice> makeSerialPort(const QString& name)
 {
@@ -33,17 +31,12 @@ void discard(QIODevice* port, QSerialPort::Directions directions)
 
 CCarreraCu* CCarreraCu::instance()
 {
-    if (references++ == 0)
-        sharedUnit = new CCarreraCu; // freed by the last release()
-    return sharedUnit;
+    return SharedDevice<CCarreraCu>::take();
 }
 
 void CCarreraCu::release()
 {
-    if (references == 0 || --references > 0)
-        return;
-    delete sharedUnit;
-    sharedUnit = nullptr;
+    SharedDevice<CCarreraCu>::giveBack();
 }
 
 CCarreraCu::CCarreraCu(QObject* parent) : QObject(parent), m_portMaker(&makeSerialPort) {}

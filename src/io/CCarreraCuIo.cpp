@@ -6,7 +6,6 @@
 #include "io/CDriveThroughEvent.h"
 
 #include <QCoreApplication>
-#include <QDataStream>
 
 namespace {
 
@@ -75,24 +74,13 @@ bool CCarreraCuIo::isRunning() const
 
 void CCarreraCuIo::readSettings(const QByteArray& blob)
 {
-    QDataStream stream(blob);
-    stream.setVersion(QDataStream::Qt_5_5);
-    qint32 type = 0;
-    stream >> type >> m_portName; // the type stays, whatever a foreign blob calls itself
-    readMasks(stream);
-    readTimingMasks(stream);
+    readSerialSettings(blob, &m_portName);
     m_thread->setPortName(m_portName);
 }
 
 QByteArray CCarreraCuIo::writeSettings() const
 {
-    QByteArray blob;
-    QDataStream stream(&blob, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_5_5);
-    stream << qint32(interfaceType()) << m_portName;
-    writeMasks(stream);
-    writeTimingMasks(stream);
-    return blob;
+    return writeSerialSettings(m_portName);
 }
 
 void CCarreraCuIo::processIoEvent(QEvent* event)

@@ -2,14 +2,12 @@
 
 #include "io/CCarreraCu.h"
 #include "io/CCarreraCuEvents.h"
+#include "io/SharedDevice.h"
 
 #include <QCoreApplication>
 #include <QMutexLocker>
 
 namespace {
-
-CCarreraCuThread* sharedThread = nullptr;
-int references = 0;
 
 QString pollText()
 {
@@ -20,17 +18,12 @@ QString pollText()
 
 CCarreraCuThread* CCarreraCuThread::instance()
 {
-    if (references++ == 0)
-        sharedThread = new CCarreraCuThread; // freed by the last release()
-    return sharedThread;
+    return SharedDevice<CCarreraCuThread>::take();
 }
 
 void CCarreraCuThread::release()
 {
-    if (references == 0 || --references > 0)
-        return;
-    delete sharedThread;
-    sharedThread = nullptr;
+    SharedDevice<CCarreraCuThread>::giveBack();
 }
 
 CCarreraCuThread::CCarreraCuThread() : m_cu(CCarreraCu::instance()) {}

@@ -1,11 +1,9 @@
 #include "io/CInpOutLibrary.h"
 
 #include "io/CPortRegisters.h"
+#include "io/SharedDevice.h"
 
 namespace {
-
-CInpOutLibrary* sharedLibrary = nullptr;
-int references = 0;
 
 /** The sum of an address and an offset wraps at 16 bits. */
 short registerAddress(int base, int offset)
@@ -17,17 +15,12 @@ short registerAddress(int base, int offset)
 
 CInpOutLibrary* CInpOutLibrary::instance()
 {
-    if (references++ == 0)
-        sharedLibrary = new CInpOutLibrary;
-    return sharedLibrary;
+    return SharedDevice<CInpOutLibrary>::take();
 }
 
 void CInpOutLibrary::release()
 {
-    if (references == 0 || --references > 0)
-        return;
-    delete sharedLibrary;
-    sharedLibrary = nullptr;
+    SharedDevice<CInpOutLibrary>::giveBack();
 }
 
 CInpOutLibrary::CInpOutLibrary() : m_registers(CPortRegisters::create()) {}

@@ -7,6 +7,8 @@
 #include <memory>
 
 class CPortRegisters;
+template <typename Device>
+class SharedDevice;
 
 /**
  * The parallel port of this process: one input and one output register at a base address.
@@ -36,6 +38,8 @@ public:
     void writePort(short value);
 
 private:
+    friend class SharedDevice<CInpOutLibrary>;
+
     CInpOutLibrary();
     ~CInpOutLibrary();
     Q_DISABLE_COPY(CInpOutLibrary)

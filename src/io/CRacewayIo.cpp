@@ -136,3 +136,24 @@ void CRacewayIo::writeTimingMasks(QDataStream& stream) const
     for (int id = PortId::FirstFuelSensor; id < PortId::Count; ++id)
         stream << qint32(portState(id));
 }
+
+void CRacewayIo::readSerialSettings(const QByteArray& blob, QString* portName)
+{
+    QDataStream stream(blob);
+    stream.setVersion(QDataStream::Qt_5_5);
+    qint32 type = 0;
+    stream >> type >> *portName;
+    readMasks(stream);
+    readTimingMasks(stream);
+}
+
+QByteArray CRacewayIo::writeSerialSettings(const QString& portName) const
+{
+    QByteArray blob;
+    QDataStream stream(&blob, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_5_5);
+    stream << qint32(interfaceType()) << portName;
+    writeMasks(stream);
+    writeTimingMasks(stream);
+    return blob;
+}

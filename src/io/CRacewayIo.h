@@ -108,6 +108,9 @@ protected:
     /** The sections behind them: fuel, sector and end masks. */
     void readTimingMasks(QDataStream& stream);
     void writeTimingMasks(QDataStream& stream) const;
+    /** The whole blob of an interface on a serial line. The type stays, whatever the blob says. */
+    void readSerialSettings(const QByteArray& blob, QString* portName);
+    QByteArray writeSerialSettings(const QString& portName) const;
 
     QBitArray sensors;
 
