@@ -1,6 +1,7 @@
 #include "io/CRacewayIoFactory.h"
 
 #include "io/CCarreraCuIo.h"
+#include "io/CLtAt2560Io.h"
 #include "io/CParallelPortIo.h"
 
 #include <QDataStream>
@@ -40,11 +41,18 @@ std::unique_ptr<CRacewayIo> CRacewayIoFactory::createCarreraCu()
     return std::make_unique<CCarreraCuIo>();
 }
 
+std::unique_ptr<CRacewayIo> CRacewayIoFactory::createLtAt2560()
+{
+    return std::make_unique<CLtAt2560Io>();
+}
+
 std::unique_ptr<CRacewayIo> CRacewayIoFactory::createFromSettings(const QByteArray& blob)
 {
     switch (typeOf(blob)) {
     case CRacewayIo::CarreraCu:
         return loaded(createCarreraCu(), blob);
+    case CRacewayIo::LtAt2560:
+        return loaded(createLtAt2560(), blob);
     default:
         return std::make_unique<CParallelPortIo>(blob);
     }

@@ -13,6 +13,7 @@ public:
     static std::unique_ptr<CRacewayIo> createParallelPort();
     static std::unique_ptr<CRacewayIo> createParallelPort(int baseAddress, int inputOffset, int outputOffset);
     static std::unique_ptr<CRacewayIo> createCarreraCu();
+    static std::unique_ptr<CRacewayIo> createLtAt2560();
 
     /**
      * Makes the class of the blob's type code and lets it load the blob. An unknown code, that of

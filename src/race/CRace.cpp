@@ -3,6 +3,7 @@
 #include "io/CCarreraCuEvents.h"
 #include "io/CDriveThroughEvent.h"
 #include "io/CRacewayIo.h"
+#include "io/CRacewayIoEvent.h"
 #include "io/CRacewayIoFactory.h"
 #include "race/CLightAction.h"
 #include "results/CRaceToCsvWriter.h"
@@ -95,6 +96,7 @@ void CRace::vStart()
     adaptToRaceway();
     // What a sensor posted before this moment belongs to no race.
     QCoreApplication::removePostedEvents(this, CDriveThroughEvent::EventType);
+    QCoreApplication::removePostedEvents(m_io.get(), CRacewayIoEvent::EventType);
     setUpPower();
     m_chaosButtonEnabled = m_raceSettings->raceway().chaosButtonAvailable;
     m_raceActive = true;

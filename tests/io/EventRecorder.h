@@ -3,6 +3,7 @@
 
 #include "io/CCarreraCuEvents.h"
 #include "io/CDriveThroughEvent.h"
+#include "io/CRacewayIoEvent.h"
 
 #include <QObject>
 #include <QStringList>
@@ -45,6 +46,8 @@ protected:
             m_states.append(CCarreraCuStatusEvent(state->fuel(), state->startLight()));
         } else if (event->type() == CCarreraCuEvent::EventType) {
             m_frames.append(static_cast<CCarreraCuEvent*>(event)->data());
+        } else if (event->type() == CRacewayIoEvent::EventType) {
+            m_frames.append(QString::fromLatin1(static_cast<CRacewayIoEvent*>(event)->text()));
         } else {
             ++m_others;
         }

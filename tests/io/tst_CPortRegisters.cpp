@@ -1,29 +1,22 @@
 #include "io/CInpOutRegisters.h"
 #include "io/CPortRegisters.h"
+#include "support/DebugLines.h"
 
 #include <QtTest>
 
 namespace {
 
-int debugLines = 0;
-
-void countDebugLines(QtMsgType type, const QMessageLogContext& context, const QString&)
-{
-    if (type == QtDebugMsg && QLatin1String(context.category) == QLatin1String("tornik.io"))
-        ++debugLines;
-}
-
 /** @return the number of debug lines of many uses. */
 int useNoPort()
 {
-    qInstallMessageHandler(countDebugLines);
+    const DebugLines debug("tornik.io");
     for (int run = 0; run < 3; ++run) {
         CNoPortRegisters registers;
         registers.write(1, 1);
         registers.read(2);
         registers.read(2);
     }
-    return debugLines;
+    return debug.lines().size();
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "race/RaceFixture.h"
+#include "support/DebugLines.h"
 
-#include <QLoggingCategory>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -18,39 +18,6 @@ void driveLaps(RaceFixture& fixture, int portId, int begin, const std::vector<in
         fixture.sensorsAt(time, {portId});
     }
 }
-
-/** Collects the debug lines of a category, while it lives; with the filter rules of a user. */
-class DebugLines
-{
-public:
-    explicit DebugLines(const QString& filterRules)
-    {
-        s_lines.clear();
-        QLoggingCategory::setFilterRules(filterRules);
-        m_previous = qInstallMessageHandler(&DebugLines::keep);
-    }
-    ~DebugLines()
-    {
-        qInstallMessageHandler(m_previous);
-        QLoggingCategory::setFilterRules(QString());
-    }
-    Q_DISABLE_COPY(DebugLines)
-
-    QStringList lines() const { return s_lines; }
-
-private:
-    static void keep(QtMsgType type, const QMessageLogContext& context, const QString& text)
-    {
-        if (type == QtDebugMsg && qstrcmp(context.category, "tornik.race") == 0) {
-            s_lines << text;
-        }
-    }
-
-    static QStringList s_lines;
-    QtMessageHandler m_previous = nullptr;
-};
-
-QStringList DebugLines::s_lines;
 
 } // namespace
 
@@ -92,6 +59,7 @@ private Q_SLOTS:
 
     void sensorEventWithoutARaceIsDropped();
     void sensorEventPostedBeforeTheStartIsDropped();
+    void rawEventForAKeptInterfaceIsDroppedAtTheStart();
     void sensorEventReachesTheRaceByTheEventLoop();
     void sensorEventWithTooFewBitsIsDropped();
     void otherEventsAreLeftAlone();
@@ -552,6 +520,24 @@ void tst_CRace::sensorEventPostedBeforeTheStartIsDropped()
     CRace& race = fixture.make();
     QCoreApplication::postEvent(&race, new CDriveThroughEvent(TestSupport::closedSensors({1}), 500));
     race.vStartQuickRace();
+    QCoreApplication::sendPostedEvents(&race);
+    QCOMPARE(fixture.status(0), 2);
+    QVERIFY(race.isRaceActive());
+}
+
+void tst_CRace::rawEventForAKeptInterfaceIsDroppedAtTheStart()
+{
+    RaceFixture fixture(1);
+    fixture.useTimedStart();
+    fixture.ioType = CRacewayIo::LtAt2560;
+    CRace& race = fixture.make();
+    CRacewayIo* io = race.io();
+    io->setPortState(PortId::lapSensor(0), 126, false);
+    io->setPortState(PortId::Open, 127, false);
+    QCoreApplication::postEvent(io, new CRacewayIoEvent(126, 500));
+    race.vStartQuickRace();
+    QCOMPARE(race.io(), io);
+    QCoreApplication::sendPostedEvents(io);
     QCoreApplication::sendPostedEvents(&race);
     QCOMPARE(fixture.status(0), 2);
     QVERIFY(race.isRaceActive());
@@ -1049,7 +1035,7 @@ void tst_CRace::wordsForTheUserAreDebugLinesIfAFilterRuleAsksForThem()
     CDriver driver;
     driver.setName(QStringLiteral("Jörg \"Öse\""));
     fixture.raceSettings.setDriver(0, driver);
-    const DebugLines debug(filterRules);
+    const DebugLines debug("tornik.race", filterRules);
     fixture.start(); // clears the info line; an empty text is no line
     driveLaps(fixture, 1, 1000, {4000});
     QCOMPARE(debug.lines(), lines);
