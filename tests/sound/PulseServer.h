@@ -5,6 +5,13 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+/** A process that dies with the test, however that ends. */
+class CBoundProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override;
+};
+
 /**
  * A private PulseAudio daemon whose only device is a null sink, and a recorder of what the sink
  * would play. The clients find it by PULSE_SERVER, which useIt() sets for the process.
@@ -42,8 +49,8 @@ private:
     QByteArray control(const QStringList& arguments) const;
 
     QTemporaryDir m_directory;
-    QProcess m_daemon;
-    QProcess m_recorder;
+    CBoundProcess m_daemon;
+    CBoundProcess m_recorder;
     QByteArray m_unread;
     int m_frames = 0;
     int m_loudFrames = 0;

@@ -68,11 +68,12 @@ void tst_CSoundOutput::aSampleIsOnlyQueued()
     const auto output = panelVoice(std::make_unique<SoundOutLib>(fake.worker()));
     output->playSample1();
     output->playSample3();
-    QTRY_COMPARE(fake.log(),
-                 QStringList({"read driveThrough.wav", "read newBestLap.wav", "read newBestLap.wav"})
-                     .mid(0, fake.log().size()));
+    SoundOutLib other(fake.worker());
+    other.enqueue("001");
+    other.play();
+    QTRY_COMPARE(fake.log().filter("heard"), QStringList{"heard eins"}); // the worker keeps the order
     output->play();
-    QTRY_COMPARE(fake.log().mid(fake.log().size() - 2),
+    QTRY_COMPARE(fake.log().filter("heard").mid(1),
                  QStringList({"heard driveThrough.wav", "heard newBestLap.wav"}));
 }
 
