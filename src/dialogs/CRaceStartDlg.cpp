@@ -12,6 +12,7 @@ CRaceStartDlg::CRaceStartDlg(QWidget* parent) : QDialog(parent), m_nameEdit(new 
     m_nameEdit->setObjectName("raceName");
     m_nameEdit->setMaxLength(120);
     m_nameEdit->setMaximumWidth(256);
+    m_nameEdit->setStyleSheet("QLineEdit { border: 1px solid darkgray; }"); // else black on black
 
     auto* startButton = new QPushButton(tr("Rennen &Starten"), this);
     startButton->setObjectName("startButton");

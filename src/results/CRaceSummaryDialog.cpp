@@ -64,6 +64,8 @@ int CRaceSummaryDialog::updateAndShow()
     if (!hasRaceData())
         return 0;
     refresh();
+    m_layout->activate();
+    adjustSize(); // the number of tracks may have changed
     return exec();
 }
 

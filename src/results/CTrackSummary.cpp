@@ -10,6 +10,9 @@
 
 namespace {
 
+constexpr int BoxWidth = 240;
+constexpr int Margin = 5;
+
 QString lapTimeText(int milliseconds)
 {
     return QTime(0, 0).addMSecs(milliseconds).toString("mm:ss:zzz");
@@ -25,7 +28,7 @@ QLabel* createLabel(const QString& text, const char* name)
 {
     auto* label = new QLabel(text);
     label->setObjectName(name);
-    label->setMargin(5);
+    label->setMargin(Margin);
     return label;
 }
 
@@ -39,9 +42,9 @@ CTrackSummary::CTrackSummary(QWidget* parent)
 {
     m_box->setObjectName("box");
     m_box->setAlignment(Qt::AlignHCenter);
-    m_box->setMinimumWidth(240);
+    m_box->setMinimumWidth(BoxWidth);
     auto* boxLayout = new QVBoxLayout(m_box);
-    boxLayout->setContentsMargins(5, 5, 5, 5);
+    boxLayout->setContentsMargins(Margin, Margin, Margin, Margin);
     boxLayout->setSpacing(0);
     buildLabels(boxLayout);
     m_lapView->setObjectName("lapView");
@@ -78,6 +81,8 @@ void CTrackSummary::setCar(const QString& name)
 void CTrackSummary::setAverage(const QString& time)
 {
     m_averageLabel->setText(captionAndValue(tr("Durchschnittszeit: "), time));
+    const int needed = m_averageLabel->minimumSizeHint().width() + 2 * Margin;
+    m_box->setMinimumWidth(qMax(BoxWidth, needed)); // a wide font must not cut the time
 }
 
 void CTrackSummary::showMember(const CRaceMember& member)

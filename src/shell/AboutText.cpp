@@ -14,7 +14,7 @@ QString AboutText::html()
            tr("<b>Weitere Informationen:</b> die Datei \"README.md\", die dem Programm beiliegt</p>") +
            tr("<p>Die ausführliche Anleitung ist die Datei \"Bedienungsanleitung.pdf\", die mit dem Programm "
               "geliefert wird.</p>") +
-           tr("<p>Diese Software beruht auf dem Qt Framework in der Version \"5.5.0\": %1</p>")
+           tr("<p>Diese Software beruht auf dem Qt Framework in der Version 5.5.0: %1</p>")
                .arg(link("https://www.qt.io/")) +
            tr("<p>Für den Parallelport verwendet sie den I/O-Port-Treiber inpout32.dll in seiner "
               "64-Bit-Version: "

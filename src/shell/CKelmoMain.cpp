@@ -85,8 +85,10 @@ void CKelmoMain::showWindow(bool windowed)
 {
     if (windowed) {
         // There is no window yet that must be told: setWindowFlags() would style every widget anew.
+        // Title and system menu it would add by itself.
         m_mainDialog->overrideWindowFlags(Qt::Window | Qt::WindowMinMaxButtonsHint |
-                                          Qt::WindowCloseButtonHint);
+                                          Qt::WindowCloseButtonHint | Qt::WindowTitleHint |
+                                          Qt::WindowSystemMenuHint);
         m_mainDialog->setWindowState(Qt::WindowMaximized);
     } else {
         m_mainDialog->setWindowState(Qt::WindowFullScreen);

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QSettings>
 
 namespace {
@@ -55,7 +56,8 @@ void showRace(MainDialogFixture& fixture, int tracks, State state)
     if (state == Ended) {
         fixture.dialog.vSetUiRaceStopped();
         fixture.dialog.updateLightsDisplay(CLightAction::AllRed);
-        fixture.dialog.setAdditionalInfo("Spur 1 (Anna) hat mit 98 Runden gewonnen");
+        fixture.dialog.setAdditionalInfo(
+            "Die schnellste Runde war die 12. Runde von Anna mit einer Zeit von 00:08:088.");
     }
 }
 
@@ -97,9 +99,17 @@ QRect rectOnDialog(const QWidget* widget, const QWidget* dialog)
     return {widget->mapTo(const_cast<QWidget*>(dialog), QPoint(0, 0)), widget->size()};
 }
 
+/** A change of size goes up from widget to widget, one event each. */
+void letLayoutsSettle()
+{
+    for (int level = 0; level < 8; ++level)
+        QCoreApplication::processEvents();
+}
+
 /** Saves the picture where a person wants to look at it: into the directory TORNIK_PICTURES. */
 bool savePicture(CKelmoMainDialog& dialog, const QString& name)
 {
+    letLayoutsSettle();
     const QString directory = qEnvironmentVariable("TORNIK_PICTURES");
     return directory.isEmpty() || dialog.grab().save(QDir(directory).filePath(name + ".png"));
 }
@@ -131,7 +141,8 @@ void tst_DashboardPictures::eightTracksInTheLargeSizeAreWhollyVisible()
     fixture.setRaceway(racewayWithTracks(8));
     QVERIFY(showOnScreen(fixture.dialog));
     showRace(fixture, 8, Ended);
-    QTRY_COMPARE(fixture.dialog.size(), Screen);
+    letLayoutsSettle();
+    QCOMPARE(fixture.dialog.size(), Screen);
     const QList<QWidget*> widgets = shownWidgets(fixture.dialog);
     QVERIFY(widgets.size() > 8 * 6);
     for (const QWidget* widget : widgets) {
@@ -139,7 +150,8 @@ void tst_DashboardPictures::eightTracksInTheLargeSizeAreWhollyVisible()
         QVERIFY2(fixture.dialog.rect().contains(rect), qPrintable(widget->objectName()));
         QVERIFY2(rect.height() >= widget->minimumSizeHint().height(), qPrintable(widget->objectName()));
     }
-    QVERIFY(savePicture(fixture.dialog, "fits-8-tracks"));
+    const auto* message = fixture.dialog.findChild<QLabel*>("additionalInfo");
+    QVERIFY(message->height() >= message->heightForWidth(message->width()));
 }
 
 void tst_DashboardPictures::eightTracksInTheSmallSizeAreWhollyVisibleWithAllFields()
@@ -153,7 +165,7 @@ void tst_DashboardPictures::eightTracksInTheSmallSizeAreWhollyVisibleWithAllFiel
     QVERIFY(showOnScreen(fixture.dialog));
     showRace(fixture, 8, Ended);
     QVERIFY(savePicture(fixture.dialog, "all-fields-small"));
-    QTRY_COMPARE(fixture.dialog.size(), Screen);
+    QCOMPARE(fixture.dialog.size(), Screen);
     for (const QWidget* widget : shownWidgets(fixture.dialog))
         QVERIFY2(fixture.dialog.rect().contains(rectOnDialog(widget, &fixture.dialog)),
                  qPrintable(widget->objectName()));
@@ -164,9 +176,10 @@ void tst_DashboardPictures::dashboardInAllStates_data()
     QTest::addColumn<int>("tracks");
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("state");
+    const int lastState = qEnvironmentVariableIsEmpty("TORNIK_PICTURES") ? Running : Ended;
     for (const int tracks : {1, 2, 4, 7, 8}) {
         for (int size = CSettings::VeryLarge; size <= CSettings::Small; ++size) {
-            for (int state = Running; state <= Ended; ++state)
+            for (int state = Running; state <= lastState; ++state)
                 QTest::newRow(qPrintable(
                     QStringLiteral("tracks%1-size%2-%3").arg(tracks).arg(size).arg(StateNames[state])))
                     << tracks << size << state;
