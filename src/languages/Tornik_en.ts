@@ -28,8 +28,8 @@
         <translation>&lt;p&gt;The detailed manual is the file &quot;Bedienungsanleitung.pdf&quot; that comes with the program.&lt;/p&gt;</translation>
     </message>
     <message>
-        <source>&lt;p&gt;Diese Software beruht auf dem Qt Framework in der Version &quot;5.5.0&quot;: %1&lt;/p&gt;</source>
-        <translation>&lt;p&gt;This software rests on the Qt framework in the version &quot;5.5.0&quot;: %1&lt;/p&gt;</translation>
+        <source>&lt;p&gt;Diese Software beruht auf dem Qt Framework in der Version 5.5.0: %1&lt;/p&gt;</source>
+        <translation>&lt;p&gt;This software rests on the Qt framework in the version 5.5.0: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Für den Parallelport verwendet sie den I/O-Port-Treiber inpout32.dll in seiner 64-Bit-Version: %1, nach dem ursprünglichen Treiber von %2&lt;/p&gt;</source>
