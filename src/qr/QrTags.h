@@ -4,7 +4,7 @@
 #include <QLatin1String>
 
 /** What the text of a code begins with: a car, or a driver; the name stands behind it. */
-constexpr QLatin1String qrTagCar("<car>");
-constexpr QLatin1String qrTagDriver("<drv>");
+inline const QLatin1String qrTagCar("<car>");
+inline const QLatin1String qrTagDriver("<drv>");
 
 #endif
