@@ -1,43 +1,12 @@
 #include "CommandLine.h"
 
+#include "support/OptionValues.h"
+
 #include <QCommandLineParser>
 
 #include <limits>
 
 namespace {
-
-/** Reads values and keeps the first complaint. */
-class Values
-{
-public:
-    explicit Values(const QCommandLineParser& parser) : m_parser(parser) {}
-
-    double number(const QString& name, double least, double most)
-    {
-        return read(name, m_parser.value(name), least, most);
-    }
-    int integer(const QString& name, int least, int most) { return int(number(name, least, most)); }
-
-    double read(const QString& name, const QString& text, double least, double most)
-    {
-        bool ok = false;
-        const double value = text.toDouble(&ok);
-        if (ok && value >= least && value <= most)
-            return value;
-        complain(name, text);
-        return least;
-    }
-    void complain(const QString& name, const QString& text)
-    {
-        if (m_error.isEmpty())
-            m_error = QStringLiteral("%1: %2").arg(name, text);
-    }
-    QString error() const { return m_error; }
-
-private:
-    const QCommandLineParser& m_parser;
-    QString m_error;
-};
 
 constexpr int MostCars = 8;
 constexpr int LongestLap = 3600000;
@@ -65,7 +34,7 @@ QList<QCommandLineOption> options()
     };
 }
 
-ControlUnitSettings::Car carOf(const QString& text, Values& values)
+ControlUnitSettings::Car carOf(const QString& text, OptionValues& values)
 {
     const QStringList parts = text.split(':');
     if (parts.size() != 3) {
@@ -79,7 +48,7 @@ ControlUnitSettings::Car carOf(const QString& text, Values& values)
     return car;
 }
 
-QVector<ControlUnitSettings::Car> carsOf(const QCommandLineParser& parser, Values& values)
+QVector<ControlUnitSettings::Car> carsOf(const QCommandLineParser& parser, OptionValues& values)
 {
     QVector<ControlUnitSettings::Car> cars;
     for (const QString& text : parser.values("car"))
@@ -92,7 +61,7 @@ QVector<ControlUnitSettings::Car> carsOf(const QCommandLineParser& parser, Value
     return cars;
 }
 
-ControlUnitSettings unitOf(const QCommandLineParser& parser, Values& values)
+ControlUnitSettings unitOf(const QCommandLineParser& parser, OptionValues& values)
 {
     ControlUnitSettings unit;
     unit.cars = carsOf(parser, values);
@@ -123,11 +92,10 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     parser.addOptions(options());
     parser.process(arguments);
 
-    Values values(parser);
+    OptionValues values(parser);
     CommandLine line;
     line.unit = unitOf(parser, values);
-    line.journal = parser.value("journal");
-    line.link = parser.value("link");
+    line.files = {parser.value("journal"), parser.value("link")};
     line.startAtOnce = parser.isSet("start");
     line.error = values.error();
     return line;

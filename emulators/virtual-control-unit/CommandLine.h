@@ -2,6 +2,7 @@
 #define TORNIK_EMULATORS_CONTROLUNITCOMMANDLINE_H
 
 #include "ControlUnitModel.h"
+#include "support/TerminalProgram.h"
 
 #include <QString>
 #include <QStringList>
@@ -10,8 +11,7 @@
 struct CommandLine
 {
     ControlUnitSettings unit;
-    QString journal; ///< file of the crossings; empty for none
-    QString link;    ///< symbolic link to the terminal; empty for none
+    TerminalProgram::Files files;
     bool startAtOnce = false;
     QString error; ///< why the words couldn't be read; empty if they could
 

@@ -1,21 +1,10 @@
 #ifndef TORNIK_EMULATORS_CONTROLUNITFRAMES_H
 #define TORNIK_EMULATORS_CONTROLUNITFRAMES_H
 
+#include "support/Crossing.h"
+
 #include <QByteArray>
 #include <QVector>
-
-/** A car that passed a sensor. */
-struct Crossing
-{
-    int car = 1;       ///< 1 to 8
-    quint32 stamp = 0; ///< milliseconds of the unit's clock
-    int group = 1;     ///< 1 the finishing line, 2 and 3 the begin of a sector
-
-    bool operator==(const Crossing& other) const
-    {
-        return car == other.car && stamp == other.stamp && group == other.group;
-    }
-};
 
 /** The unit's side of the frames: text from "?" to "$", a nibble a character. */
 namespace ControlUnitFrames {

@@ -1,8 +1,8 @@
 #ifndef TORNIK_EMULATORS_CONTROLUNITMODEL_H
 #define TORNIK_EMULATORS_CONTROLUNITMODEL_H
 
-#include "CarsOnTrack.h"
 #include "ControlUnitFrames.h"
+#include "support/CarsOnTrack.h"
 
 #include <QByteArray>
 #include <QList>

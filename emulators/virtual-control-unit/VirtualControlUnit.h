@@ -3,47 +3,33 @@
 
 #include "CommandLine.h"
 #include "ControlUnitModel.h"
-#include "support/PseudoTerminal.h"
+#include "support/TerminalProgram.h"
 
-#include <QElapsedTimer>
-#include <QFile>
-#include <QObject>
-#include <QStringList>
-#include <QTimer>
-
-/** The program: a ControlUnitModel on a pseudo-terminal, led by lines of text. */
-class VirtualControlUnit : public QObject
+/** The program: a ControlUnitModel on a pseudo-terminal. */
+class VirtualControlUnit : public TerminalProgram
 {
     Q_OBJECT
 
 public:
     explicit VirtualControlUnit(const CommandLine& commandLine);
-    ~VirtualControlUnit() override;
 
-    /** Opens journal and terminal and prints the path. @return false with a message if one fails */
-    bool begin();
-    /** Carries out one line of the standard input. */
-    void command(const QString& line);
-
-Q_SIGNALS:
-    void quit();
+protected:
+    bool begin() override;
+    void unplugged() override { m_model.unplug(); }
+    void receive(const QByteArray& bytes) override { m_model.receive(bytes); }
+    void work() override;
+    qint64 nextChange() const override { return m_model.nextChange(); }
+    bool command(const QStringList& words) override;
+    QString help() const override;
 
 private:
-    bool plug();
-    void pull();
-    void work();
-    void note(const Crossing& crossing);
-    bool commandLine(const QStringList& words);
+    void noteCrossing(const Crossing& crossing);
     bool commandRace(const QString& word, int first, int second);
     bool commandFault(const QString& word, int milliseconds);
     void printStatus();
 
-    CommandLine m_settings;
-    QElapsedTimer m_clock;
+    bool m_startAtOnce;
     ControlUnitModel m_model;
-    PseudoTerminal m_terminal;
-    QTimer m_timer;
-    QFile m_journal;
     int m_crossings = 0;
     bool m_finishSaid = false;
 };

@@ -46,7 +46,8 @@ constexpr InputIds AllInputs = inputIds();
 /** @return the number that a text of digits is; nothing for any other text. */
 std::optional<quint64> decimal(const QByteArray& text)
 {
-    const bool onlyDigits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool onlyDigits =
+        std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
     bool converted = false;
     const quint64 number = text.toULongLong(&converted);
     return onlyDigits && converted ? std::make_optional(number) : std::nullopt;

@@ -334,8 +334,8 @@ void tst_CLtAt2560::aLineThatHangsUpIsClosedOnce()
     QVERIFY(m_box->isConnected());
     m_log->forget();
     m_box->sendFrame(QStringLiteral(":A10;"));
-    QCOMPARE(m_log->lines(), QStringList({"serial->write(s) was not successful",
-                                          "serial->flush() was not successful"}));
+    QCOMPARE(m_log->lines(),
+             QStringList({"serial->write(s) was not successful", "serial->flush() was not successful"}));
     QCoreApplication::processEvents();
     QCOMPARE(m_log->count(lost), 0);
 }

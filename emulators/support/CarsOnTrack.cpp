@@ -1,4 +1,4 @@
-#include "CarsOnTrack.h"
+#include "support/CarsOnTrack.h"
 
 #include <algorithm>
 

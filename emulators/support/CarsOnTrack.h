@@ -1,7 +1,7 @@
 #ifndef TORNIK_EMULATORS_CARSONTRACK_H
 #define TORNIK_EMULATORS_CARSONTRACK_H
 
-#include "ControlUnitFrames.h"
+#include "support/Crossing.h"
 
 #include <QVector>
 
