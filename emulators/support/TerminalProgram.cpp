@@ -120,8 +120,8 @@ void TerminalProgram::readInput()
     while ((length = m_inputLine.indexOf('\n')) >= 0) {
         execute(QString::fromUtf8(m_inputLine.left(length)).trimmed());
         m_inputLine.remove(0, length + 1);
+        workAndWait();
     }
-    workAndWait();
 }
 
 void TerminalProgram::endInput()

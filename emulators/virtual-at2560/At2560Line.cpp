@@ -5,8 +5,8 @@
 namespace {
 
 constexpr qint64 Millisecond = 1000;
-constexpr int LongestGap = 8;        ///< milliseconds between the pieces of a frame
-constexpr int LongestHold = 50;      ///< milliseconds for which a frame waits for another one
+constexpr int LongestGap = 8;   ///< milliseconds between the pieces of a frame
+constexpr int LongestHold = 50; ///< milliseconds for which a frame waits for another one
 constexpr char JunkBytes[] = "0123456789,;.S\r\n \xff"; // no ":", which would begin a frame
 
 QByteArray frameOf(const Activation& activation)
@@ -57,7 +57,8 @@ QByteArray At2560Line::junk()
 
 QByteArray At2560Line::nonsense()
 {
-    const QList<QByteArray> frames{":X12,34;", ":S12;", ":;", ":S,;", ":S1x,7y;", ":S1," + QByteArray(60, '7') + ';'};
+    const QList<QByteArray> frames{":X12,34;", ":S12;",    ":;",
+                                   ":S,;",     ":S1x,7y;", ":S1," + QByteArray(60, '7') + ';'};
     return frames.at(chance(0, frames.size() - 1));
 }
 

@@ -77,8 +77,8 @@ private:
     At2560FaultRates m_rates;
     std::mt19937 m_random;
     QList<Piece> m_pieces;
-    Write m_held;             ///< waits for the next frame
-    qint64 m_holdUntil = -1;  ///< -1 for as long as frames are missing
+    Write m_held;            ///< waits for the next frame
+    qint64 m_holdUntil = -1; ///< -1 for as long as frames are missing
     int m_toJoin = 0;
     bool m_splitNext = false;
     bool m_junkNext = false;

@@ -74,17 +74,24 @@ bool CLtAt2560::connectPort()
 {
     if (m_connected)
         return true;
-    m_buffer.clear(); // half a frame of an earlier line
     m_port->setBaudRate(m_baudRate);
     m_port->setPortName(m_portName);
     if (m_port->open(QIODevice::ReadWrite)) {
         m_port->setDataTerminalReady(true);
+        dropOldBytes();
         m_connected = true;
         qCDebug(ioLog) << "serial->open() in connect() was successful";
     } else {
         qCDebug(ioLog) << "AT2560:" << m_portName << m_port->errorString();
     }
     return m_connected;
+}
+
+void CLtAt2560::dropOldBytes()
+{
+    // What the box said to nobody belongs to no race, nor does half a frame of an earlier line.
+    m_port->clear(QSerialPort::Input);
+    m_buffer.clear();
 }
 
 void CLtAt2560::disconnectPort()

@@ -62,6 +62,7 @@ public Q_SLOTS:
     void processSerialData();
 
 private:
+    void dropOldBytes();
     bool dropBytesAheadOfFrame();
     void postFrame(const QByteArray& frame);
     void closeIfHungUp();

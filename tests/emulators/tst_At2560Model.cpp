@@ -151,8 +151,10 @@ void tst_At2560Model::outputsFollowTheFrames_data()
     QTest::addColumn<QByteArray>("frames");
     QTest::addColumn<QString>("outputs");
     QTest::newRow("at first") << QByteArray() << "lamps ------ power ------ chaos off e off";
-    QTest::newRow("lamps") << QByteArray(":A10;:A30;:A60;:A11;") << "lamps --3--6 power ------ chaos off e off";
-    QTest::newRow("power") << QByteArray(":P10;:P20;:P60;:P61;") << "lamps ------ power 12---- chaos off e off";
+    QTest::newRow("lamps") << QByteArray(":A10;:A30;:A60;:A11;")
+                           << "lamps --3--6 power ------ chaos off e off";
+    QTest::newRow("power") << QByteArray(":P10;:P20;:P60;:P61;")
+                           << "lamps ------ power 12---- chaos off e off";
     QTest::newRow("chaos") << QByteArray(":C0;") << "lamps ------ power ------ chaos on e off";
     QTest::newRow("e") << QByteArray(":E1;:C1;") << "lamps ------ power ------ chaos off e on";
 }

@@ -100,7 +100,8 @@ void tst_virtual_at2560::theJournalHoldsWhatWasReported()
     const QVector<Activation> journal = VirtualBox::journal(fileName);
     QCOMPARE(journal.size(), 6);
     for (const Activation& activation : journal)
-        QVERIFY(bytes.contains(QStringLiteral(":S%1,%2;").arg(activation.input).arg(activation.stamp).toLatin1()));
+        QVERIFY(bytes.contains(
+            QStringLiteral(":S%1,%2;").arg(activation.input).arg(activation.stamp).toLatin1()));
 }
 
 void tst_virtual_at2560::badWordsAreRefused_data()

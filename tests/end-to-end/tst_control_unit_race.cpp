@@ -5,12 +5,11 @@
 #include "race/CRace.h"
 #include "shell/CSettings.h"
 #include "support/ControlUnitDevice.h"
+#include "support/MainThreadWatch.h"
 #include "support/VirtualUnit.h"
 
 #include <QScopeGuard>
 #include <QtTest>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -43,15 +42,6 @@ QMap<int, QVector<JournalLap>> lapsOf(const QVector<Crossing>& journal)
         begun[crossing.car] = crossing.stamp;
     }
     return laps;
-}
-
-/** @return processor time of this process, all its threads, in microseconds. */
-qint64 processorTime()
-{
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * qint64(1000000) + usage.ru_utime.tv_usec +
-           usage.ru_stime.tv_usec;
 }
 
 } // namespace
@@ -325,25 +315,9 @@ void tst_control_unit_race::aPulledCableDisturbsNothingAndTheNextRaceOpensThePor
     unit.command("pull");
     QVERIFY(unit.polls() > 0); // the command before this one is carried out by now
 
-    // Two seconds of the main thread, as a dashboard would live through them.
-    const qint64 before = processorTime();
-    QElapsedTimer whole;
-    whole.start();
-    QElapsedTimer sinceTick;
-    sinceTick.start();
-    qint64 longestGap = 0;
-    QEventLoop loop;
-    QTimer tick;
-    connect(&tick, &QTimer::timeout, &loop, [&] {
-        longestGap = qMax(longestGap, sinceTick.restart());
-        if (whole.elapsed() >= 2000)
-            loop.quit();
-    });
-    tick.start(10);
-    loop.exec();
-    const qint64 used = processorTime() - before;
-    QVERIFY2(used < whole.nsecsElapsed() / 1000 / 5, qPrintable(QString::number(used)));
-    QVERIFY2(longestGap < 500, qPrintable(QString::number(longestGap)));
+    const MainThreadWatch watch = MainThreadWatch::during(2000);
+    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
+    QVERIFY2(watch.longestGap < 500, qPrintable(QString::number(watch.longestGap)));
     QVERIFY(race.isRaceActive());
 
     const int laps = totalLaps();

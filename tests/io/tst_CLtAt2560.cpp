@@ -47,6 +47,7 @@ private Q_SLOTS:
     void anotherPortNameOpensTheOtherLine();
     void reconnectingOpensTheLineAfresh();
     void aNewLineForgetsHalfAFrameOfTheOldOne();
+    void bytesFromBeforeTheOpenAreDropped();
     void aFailedOpenIsTriedAgain();
     void disconnectingOnlyTellsSo();
     void aLineThatHangsUpIsClosedOnce();
@@ -296,6 +297,15 @@ void tst_CLtAt2560::aNewLineForgetsHalfAFrameOfTheOldOne()
     QVERIFY(m_box->reconnectPort());
     m_box->processBytes(":S2,105;");
     QCOMPARE(frames(), QStringList({":S2,105;"}));
+}
+
+void tst_CLtAt2560::bytesFromBeforeTheOpenAreDropped()
+{
+    BoxLine line;
+    line.send(":S1,100;");
+    QVERIFY(opens(line));
+    line.send(":S2,105;");
+    QTRY_COMPARE(m_target->frames(), QStringList({":S2,105;"}));
 }
 
 void tst_CLtAt2560::aFailedOpenIsTriedAgain()

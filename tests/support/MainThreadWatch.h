@@ -1,0 +1,54 @@
+#ifndef TORNIK_TESTS_SUPPORT_MAINTHREADWATCH_H
+#define TORNIK_TESTS_SUPPORT_MAINTHREADWATCH_H
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <QVector>
+
+#include <algorithm>
+
+#include <sys/resource.h>
+
+/** How the main thread lived through a while, as a dashboard would. */
+struct MainThreadWatch
+{
+    double processorShare = 0.0; ///< of one core, by all threads of this process
+    qint64 medianGap = 0;        ///< milliseconds between two events of a timer with 10 ms
+    qint64 longestGap = 0;
+
+    /** Runs the event loop for a while. */
+    static MainThreadWatch during(int milliseconds)
+    {
+        const qint64 before = processorTime();
+        QElapsedTimer whole;
+        whole.start();
+        QElapsedTimer sinceTick;
+        sinceTick.start();
+        QVector<qint64> gaps;
+        QEventLoop loop;
+        QTimer tick;
+        QObject::connect(&tick, &QTimer::timeout, &loop, [&] {
+            gaps.append(sinceTick.restart());
+            if (whole.elapsed() >= milliseconds)
+                loop.quit();
+        });
+        tick.start(10);
+        loop.exec();
+        std::sort(gaps.begin(), gaps.end());
+        return {double(processorTime() - before) * 1000.0 / double(whole.nsecsElapsed()),
+                gaps.at(gaps.size() / 2), gaps.last()};
+    }
+
+private:
+    /** @return processor time of this process, all its threads, in microseconds. */
+    static qint64 processorTime()
+    {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * qint64(1000000) + usage.ru_utime.tv_usec +
+               usage.ru_stime.tv_usec;
+    }
+};
+
+#endif
