@@ -26,8 +26,12 @@ CTrackPanels::CTrackPanels(QWidget* window, CSettings* settings)
       m_firstRow(new QHBoxLayout),
       m_secondRow(new QHBoxLayout)
 {
-    m_column->addLayout(m_firstRow);
-    m_column->addLayout(m_secondRow);
+    for (QHBoxLayout* row : {m_firstRow, m_secondRow}) {
+        // A shorter row stands in the middle, and no panel takes more than its own width.
+        row->addStretch(1);
+        row->addStretch(1);
+        m_column->addLayout(row);
+    }
     m_outerRow->addStretch();
     m_outerRow->addLayout(m_column);
     m_outerRow->addStretch();
@@ -74,7 +78,7 @@ void CTrackPanels::createPanel(int number, int rows, int sections, bool clientMo
 void CTrackPanels::fillRow(QHBoxLayout* row, const QVector<int>& numbers)
 {
     for (const int number : numbers) {
-        row->addWidget(panel(number));
+        row->insertWidget(row->count() - 1, panel(number));
         panel(number)->reset();
         panel(number)->show();
     }
