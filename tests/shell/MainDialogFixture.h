@@ -7,57 +7,12 @@
 #include "shell/CRichLabel.h"
 #include "shell/CSettings.h"
 #include "shell/CTrackDisplay.h"
-#include "shell/CUserQuestions.h"
-#include "sound/CSoundHandler.h"
+#include "support/RecordingSounds.h"
+#include "support/ScriptedQuestions.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QTest>
-
-/** Writes down what would be heard and which files are loaded. */
-class CRecordingSounds : public CSoundHandler
-{
-public:
-    void setNewBestLapSound(const QString& file) override { files.append(file); }
-    void setDriveThroughSound(const QString& file) override { files.append(file); }
-    void setRedLightSound(const QString& file) override { files.append(file); }
-    void setGreenLightSound(const QString& file) override { files.append(file); }
-    void setFuelOnReserveSound(const QString& file) override { files.append(file); }
-    void playNewBestLap() override { played.append("best"); }
-    void playDriveThrough() override { played.append("drive"); }
-    void playRedLightSound() override { played.append("red"); }
-    void playGreenLightSound() override { played.append("green"); }
-    void playFuelOnReserve() override { played.append("reserve"); }
-
-    QStringList files;
-    QStringList played;
-};
-
-/** Answers in place of the user and writes down the questions. */
-class CScriptedQuestions : public CUserQuestions
-{
-public:
-    bool ask(QWidget*, const QString& title, const QString& text, const QString& yes,
-             const QString& no) override
-    {
-        questions.append({title, text, yes, no});
-        return answerIsYes;
-    }
-    QString askSaveFileName(QWidget*, const QString& title, const QString& proposal,
-                            const QString& filter) override
-    {
-        questions.append({title, proposal, filter});
-        return fileName;
-    }
-    void showAbout(QWidget*, const QString& title, const QString& text) override
-    {
-        questions.append({title, text});
-    }
-
-    bool answerIsYes = false;
-    QString fileName;
-    QList<QStringList> questions;
-};
 
 /** @return a raceway of so many tracks, with no hardware. */
 inline CRaceway racewayWithTracks(int tracks)

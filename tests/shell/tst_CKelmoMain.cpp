@@ -1,17 +1,15 @@
 #include "data/CRacewayList.h"
-#include "io/CDriveThroughEvent.h"
 #include "io/CKelmoPortSimulator.h"
 #include "io/PortIds.h"
 #include "race/CRace.h"
 #include "results/CRaceSummaryDialog.h"
-#include "shell/CCommandLineParameters.h"
 #include "shell/CKelmoMain.h"
 #include "shell/CKelmoMainDialog.h"
 #include "shell/CMainMenu.h"
-#include "shell/CRichLabel.h"
 #include "shell/CTrackDisplay.h"
-#include "shell/CUserQuestions.h"
 #include "support/ModalAnswers.h"
+#include "support/RunningProgram.h"
+#include "support/ScriptedQuestions.h"
 
 #include <QAction>
 #include <QApplication>
@@ -23,74 +21,7 @@
 #include <QSignalSpy>
 #include <QTextCodec>
 
-#include <vector>
-
 namespace {
-
-/** Answers every question with yes and every file name with its own. */
-class CWillingUser : public CUserQuestions
-{
-public:
-    bool ask(QWidget*, const QString&, const QString&, const QString&, const QString&) override
-    {
-        return true;
-    }
-    QString askSaveFileName(QWidget*, const QString&, const QString&, const QString&) override
-    {
-        return QStringLiteral("rennen.csv");
-    }
-    void showAbout(QWidget*, const QString&, const QString&) override {}
-};
-
-/** One program: the application with its arguments and the start object. */
-class Program
-{
-public:
-    explicit Program(const QStringList& arguments)
-    {
-        m_bytes.emplace_back("tornik");
-        for (const QString& argument : arguments)
-            m_bytes.push_back(argument.toLocal8Bit());
-        for (QByteArray& argument : m_bytes)
-            m_argv.push_back(argument.data());
-        m_argv.push_back(nullptr);
-        m_argc = int(m_bytes.size());
-        m_application = std::make_unique<QApplication>(m_argc, m_argv.data());
-        m_main = std::make_unique<CKelmoMain>(m_application.get(), CCommandLineParameters());
-        dialog().setUserQuestions(std::make_unique<CWillingUser>());
-    }
-
-    CKelmoMain& main() { return *m_main; }
-    void destroyMain() { m_main.reset(); }
-    CKelmoMainDialog& dialog() { return *m_main->mainDialog(); }
-    CRace& race() { return *m_main->race(); }
-    CMainMenu* menu() { return dialog().findChild<CMainMenu*>("menuBar"); }
-    QString trackText(int number, const char* label)
-    {
-        return dialog()
-            .findChild<CTrackDisplay*>(QStringLiteral("track%1").arg(number))
-            ->findChild<CRichLabel*>(label)
-            ->text();
-    }
-    QString infoText(const char* label) { return dialog().findChild<QLabel*>(label)->text(); }
-
-    /** Lets a sensor event reach the race; 0 for no sensor. */
-    void sensorAt(int time, int portId)
-    {
-        QBitArray sensors(PortId::Count);
-        if (portId)
-            sensors.setBit(portId);
-        CDriveThroughEvent event(sensors, time);
-        QApplication::sendEvent(&race(), &event);
-    }
-
-private:
-    std::vector<QByteArray> m_bytes;
-    std::vector<char*> m_argv;
-    int m_argc = 0;
-    std::unique_ptr<QApplication> m_application;
-    std::unique_ptr<CKelmoMain> m_main;
-};
 
 void storePowerSwitchableRaceway(int tracks)
 {
@@ -147,13 +78,13 @@ void tst_CKelmoMain::init()
 
 void tst_CKelmoMain::localeCodecIsUtf8()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QCOMPARE(QTextCodec::codecForLocale()->name(), QByteArray("UTF-8"));
 }
 
 void tst_CKelmoMain::windowedProgramShowsAMaximizedWindowWithAFrame()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QVERIFY(program.dialog().isVisible());
     QVERIFY(program.dialog().windowState() & Qt::WindowMaximized);
     QVERIFY(!(program.dialog().windowFlags() & Qt::FramelessWindowHint));
@@ -163,7 +94,7 @@ void tst_CKelmoMain::windowedProgramShowsAMaximizedWindowWithAFrame()
 
 void tst_CKelmoMain::usualProgramShowsAFullScreenWithoutAFrame()
 {
-    Program program({});
+    RunningProgram program{QStringList()};
     QVERIFY(program.dialog().isVisible());
     QVERIFY(program.dialog().windowState() & Qt::WindowFullScreen);
     QVERIFY(program.dialog().windowFlags() & Qt::FramelessWindowHint);
@@ -172,7 +103,7 @@ void tst_CKelmoMain::usualProgramShowsAFullScreenWithoutAFrame()
 void tst_CKelmoMain::startBringsTheOutputsToTheirIdleState()
 {
     storePowerSwitchableRaceway(2);
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     // The race's stop has told the menu that both tracks are off.
     QCOMPARE(program.menu()->trackPowerActions()[0]->text(), QString("Spur &1 einschalten"));
     QCOMPARE(program.menu()->trackPowerActions()[1]->text(), QString("Spur &2 einschalten"));
@@ -181,21 +112,21 @@ void tst_CKelmoMain::startBringsTheOutputsToTheirIdleState()
 
 void tst_CKelmoMain::quickRaceOptionStartsARace()
 {
-    Program program({"--windowed", "--quickRace"});
+    RunningProgram program({"--windowed", "--quickRace"});
     QVERIFY(program.race().isRaceActive());
     QCOMPARE(program.menu()->action(CMainMenu::QuickRace)->text(), QString("&schnelles Rennen beenden"));
 }
 
 void tst_CKelmoMain::withoutTheOptionNoRaceRuns()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QVERIFY(!program.race().isRaceActive());
     QVERIFY(program.infoText("additionalInfo").isEmpty());
 }
 
 void tst_CKelmoMain::quickRaceIsStartedAndStoppedFromTheMenu()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QAction* action = program.menu()->action(CMainMenu::QuickRace);
     action->trigger();
     QVERIFY(program.race().isRaceActive());
@@ -208,7 +139,7 @@ void tst_CKelmoMain::quickRaceIsStartedAndStoppedFromTheMenu()
 
 void tst_CKelmoMain::lapsOfTheRaceShowOnThePanels()
 {
-    Program program({"--windowed", "--quickRace"});
+    RunningProgram program({"--windowed", "--quickRace"});
     program.sensorAt(1000, PortId::lapSensor(0));
     program.sensorAt(1100, 0);
     program.sensorAt(6734, PortId::lapSensor(0));
@@ -220,7 +151,7 @@ void tst_CKelmoMain::lapsOfTheRaceShowOnThePanels()
 
 void tst_CKelmoMain::pauseAndResumeReachTheRace()
 {
-    Program program({"--windowed", "--quickRace"});
+    RunningProgram program({"--windowed", "--quickRace"});
     QAction* pause = program.menu()->action(CMainMenu::PauseRace);
     pause->trigger();
     QVERIFY(program.race().isPaused());
@@ -233,7 +164,7 @@ void tst_CKelmoMain::pauseAndResumeReachTheRace()
 
 void tst_CKelmoMain::competitionCarriesItsName()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     const QSignalSpy started(&program.race(), &CRace::RecordedRaceStarted);
     Q_EMIT program.dialog().raceStartRecordedRace("Finale");
     QCOMPARE(started.count(), 1);
@@ -243,7 +174,7 @@ void tst_CKelmoMain::competitionCarriesItsName()
 
 void tst_CKelmoMain::raceTimeAndTextsShowInTheInfoFrame()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     Q_EMIT program.race().UpdateRaceTime(QTime(0, 12, 34));
     Q_EMIT program.race().raceInfoText("Spur 1 hat gewonnen");
     QCOMPARE(program.infoText("raceTime"), QString("00:12:34"));
@@ -253,7 +184,7 @@ void tst_CKelmoMain::raceTimeAndTextsShowInTheInfoFrame()
 void tst_CKelmoMain::trackPowerCommandsReachTheRaceAndItsAnswerTheMenu()
 {
     storePowerSwitchableRaceway(2);
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QAction* track2 = program.menu()->trackPowerActions()[1];
     track2->trigger();
     QCOMPARE(track2->text(), QString("Spur &2 ausschalten"));
@@ -266,7 +197,7 @@ void tst_CKelmoMain::trackPowerCommandsReachTheRaceAndItsAnswerTheMenu()
 
 void tst_CKelmoMain::changedRacewayReachesTheRace()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QCOMPARE(program.race().numberOfMembers(), 2);
     CRacewayList list;
     list.updateRaceway(list.currentRow(), CRaceway(5));
@@ -277,10 +208,11 @@ void tst_CKelmoMain::changedRacewayReachesTheRace()
 
 void tst_CKelmoMain::summaryShowsTheRaceAndStoresIt()
 {
-    Program program({"--windowed", "--quickRace"});
+    RunningProgram program({"--windowed", "--quickRace"});
     program.sensorAt(1000, PortId::lapSensor(0));
     program.sensorAt(6000, PortId::lapSensor(0));
     Q_EMIT program.dialog().raceStop();
+    program.user().fileName = "rennen.csv";
     ModalAnswers answers;
     answers.expect([](QDialog* dialog) {
         QCOMPARE(dialog->objectName(), QString("summaryDialog"));
@@ -294,20 +226,15 @@ void tst_CKelmoMain::summaryShowsTheRaceAndStoresIt()
 
 void tst_CKelmoMain::simulatorDrivesTheRace()
 {
-    Program program({"--windowed"});
-    program.menu()->action(CMainMenu::Simulator)->setChecked(true);
-    program.menu()->action(CMainMenu::QuickRace)->trigger();
-    auto* simulator = program.dialog().findChild<CKelmoPortSimulator*>();
-    QVERIFY(simulator->isVisible());
-    auto* slot1 = simulator->findChild<QPushButton*>("slot1");
-    // A stamp of 0 ms would count as no stamp at all.
-    QTRY_VERIFY((QTest::mousePress(slot1, Qt::LeftButton), QTest::mouseRelease(slot1, Qt::LeftButton),
-                 QApplication::processEvents(), program.trackText(1, "status") == "läuft"));
+    RunningProgram program({"--windowed"});
+    QVERIFY(program.startRace());
+    program.cross(1);
+    QCOMPARE(program.status(1), QString("läuft"));
 }
 
 void tst_CKelmoMain::networkMessagesShowInTheInfoFrame()
 {
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QVERIFY(QMetaObject::invokeMethod(&program.main(), "debugMessage", Qt::DirectConnection,
                                       Q_ARG(QString, "Verbindung wurde unterbrochen.")));
     QCOMPARE(program.infoText("additionalInfo"), QString("Verbindung wurde unterbrochen."));
@@ -315,7 +242,7 @@ void tst_CKelmoMain::networkMessagesShowInTheInfoFrame()
 
 void tst_CKelmoMain::clientModeHasNoRaceMenu()
 {
-    Program program({"--windowed", "--connect", "127.0.0.1:9"});
+    RunningProgram program({"--windowed", "--connect", "127.0.0.1:9"});
     QVERIFY(program.dialog().isVisible());
     QVERIFY(!program.menu()->actions()[0]->isVisible());
     QVERIFY(program.menu()->action(CMainMenu::Quit)->isVisible());
@@ -323,7 +250,7 @@ void tst_CKelmoMain::clientModeHasNoRaceMenu()
 
 void tst_CKelmoMain::clientModeWiresNoRace()
 {
-    Program program({"--windowed", "--connect", "127.0.0.1:9"});
+    RunningProgram program({"--windowed", "--connect", "127.0.0.1:9"});
     program.dialog().quickRaceTrigger();
     QVERIFY(QMetaObject::invokeMethod(&program.dialog(), "racePauseTrigger", Qt::DirectConnection));
     Q_EMIT program.dialog().raceStartRecordedRace("Finale");
@@ -335,7 +262,7 @@ void tst_CKelmoMain::clientModeWiresNoRace()
 
 void tst_CKelmoMain::clientModeIgnoresQuickRace()
 {
-    Program program({"--windowed", "--connect", "127.0.0.1:9", "--quickRace"});
+    RunningProgram program({"--windowed", "--connect", "127.0.0.1:9", "--quickRace"});
     QVERIFY(!program.race().isRaceActive());
 }
 
@@ -374,7 +301,7 @@ void tst_CKelmoMain::withoutTracksARaceStillRuns()
 
 void tst_CKelmoMain::endStopsARunningRace()
 {
-    Program program({"--windowed", "--quickRace"});
+    RunningProgram program({"--windowed", "--quickRace"});
     const QSignalSpy stopped(&program.race(), &CRace::RaceStopped);
     program.destroyMain();
     QCOMPARE(stopped.count(), 1);
@@ -382,7 +309,8 @@ void tst_CKelmoMain::endStopsARunningRace()
 
 void tst_CKelmoMain::closingTheWindowInARaceEndsTheProgram()
 {
-    Program program({"--windowed", "--quickRace"});
+    RunningProgram program({"--windowed", "--quickRace"});
+    program.user().answerIsYes = true;
     QApplication::setQuitOnLastWindowClosed(true);
     QTimer::singleShot(0, &program.dialog(),
                        [&program] { QTest::keyClick(&program.dialog(), Qt::Key_Escape); });

@@ -1,10 +1,9 @@
 #include "images/Images.h"
 #include "shell/CLights.h"
-#include "support/Ink.h"
+#include "support/LampLetters.h"
 
 #include <QTest>
 
-/** The pictures in a row as letters: R, G, o, and ? for anything else. */
 class tst_CLights : public QObject
 {
     Q_OBJECT
@@ -60,7 +59,7 @@ private Q_SLOTS:
     void allLampsAreOffAtFirst()
     {
         CLights lights(5);
-        QCOMPARE(row(lights), QStringLiteral("ooooo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("ooooo"));
     }
 
     void sixNextRedOnFiveLampsShowFiveRedAndNothingMore()
@@ -69,7 +68,7 @@ private Q_SLOTS:
         const QStringList expected{"Roooo", "RRooo", "RRRoo", "RRRRo", "RRRRR", "RRRRR"};
         for (const QString& step : expected) {
             lights.nextRed();
-            QCOMPARE(row(lights), step);
+            QCOMPARE(lampLetters(lights), step);
         }
     }
 
@@ -80,9 +79,9 @@ private Q_SLOTS:
         lights.nextRed();
         lights.nextRed();
         lights.allGreen();
-        QCOMPARE(row(lights), QStringLiteral("GGGGG"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("GGGGG"));
         lights.nextRed();
-        QCOMPARE(row(lights), QStringLiteral("RGGGG"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("RGGGG"));
     }
 
     void nextRedAfterAllOffOrAllRedStartsAtTheFirstLamp()
@@ -90,29 +89,29 @@ private Q_SLOTS:
         CLights lights(3);
         lights.nextRed();
         lights.allOff();
-        QCOMPARE(row(lights), QStringLiteral("ooo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("ooo"));
         lights.nextRed();
-        QCOMPARE(row(lights), QStringLiteral("Roo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("Roo"));
         lights.allRed();
-        QCOMPARE(row(lights), QStringLiteral("RRR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("RRR"));
         lights.nextRed();
         lights.setOff(1);
-        QCOMPARE(row(lights), QStringLiteral("RoR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("RoR"));
         lights.nextRed();
-        QCOMPARE(row(lights), QStringLiteral("RRR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("RRR"));
     }
 
     void setRedActsOnAFreshRowOnly()
     {
         CLights lights(5);
         lights.setRed(2);
-        QCOMPARE(row(lights), QStringLiteral("ooRoo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("ooRoo"));
         lights.setRed(4);
-        QCOMPARE(row(lights), QStringLiteral("ooRoR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("ooRoR"));
         lights.allOff();
         lights.nextRed();
         lights.setRed(3);
-        QCOMPARE(row(lights), QStringLiteral("Roooo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("Roooo"));
     }
 
     void nextRedDoesNothingAfterLampsWereSetOneByOne()
@@ -120,10 +119,10 @@ private Q_SLOTS:
         CLights lights(5);
         lights.setRed(2);
         lights.nextRed();
-        QCOMPARE(row(lights), QStringLiteral("ooRoo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("ooRoo"));
         lights.allOff();
         lights.nextRed();
-        QCOMPARE(row(lights), QStringLiteral("Roooo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("Roooo"));
     }
 
     void setOffActsWhateverWasCounted()
@@ -132,42 +131,30 @@ private Q_SLOTS:
         lights.nextRed();
         lights.nextRed();
         lights.setOff(0);
-        QCOMPARE(row(lights), QStringLiteral("oRo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("oRo"));
         lights.nextRed(); // the count goes on where it was
-        QCOMPARE(row(lights), QStringLiteral("oRR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("oRR"));
     }
 
     void indexOutsideTheRowIsClampedToIt()
     {
         CLights lights(3);
         lights.setRed(-1);
-        QCOMPARE(row(lights), QStringLiteral("Roo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("Roo"));
         lights.setRed(3);
-        QCOMPARE(row(lights), QStringLiteral("RoR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("RoR"));
         lights.setRed(65535);
-        QCOMPARE(row(lights), QStringLiteral("RoR"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("RoR"));
         lights.setOff(99);
-        QCOMPARE(row(lights), QStringLiteral("Roo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("Roo"));
         lights.setOff(-99);
-        QCOMPARE(row(lights), QStringLiteral("ooo"));
+        QCOMPARE(lampLetters(lights), QStringLiteral("ooo"));
     }
 
 private:
     static QImage load(const char* name)
     {
         return QImage(QLatin1String(name)).convertToFormat(QImage::Format_RGB32);
-    }
-
-    QString row(CLights& lights) const
-    {
-        lights.resize(lights.sizeHint());
-        const QImage picture = pictureOf(lights);
-        QString letters;
-        for (int x = 0; x < picture.width(); x += m_off.width()) {
-            const QImage lamp = picture.copy(x, 0, m_off.width(), m_off.height());
-            letters += lamp == m_red ? 'R' : lamp == m_green ? 'G' : lamp == m_off ? 'o' : '?';
-        }
-        return letters;
     }
 
     QImage m_red;

@@ -1,5 +1,4 @@
 #include "shell/CTrackPanels.h"
-
 #include "shell/CTrackRows.h"
 #include "shell/MainDialogFixture.h"
 
@@ -58,9 +57,8 @@ void tst_CTrackPanels::eachRowStandsInTheMiddleWithItsPanelsInTheirOwnWidth()
     for (const QVector<int>& row : {rows.firstRow(), rows.secondRow()}) {
         QRect rowPlace;
         for (const int number : row) {
-            const QString name =
-                (CTrackRows::isTrackPanel(number) ? QString("track%1") : QString("legend%1"))
-                    .arg(number / 2 + 1);
+            const QString name = (CTrackRows::isTrackPanel(number) ? QString("track%1") : QString("legend%1"))
+                                     .arg(number / 2 + 1);
             const auto* panel = fixture.dialog.findChild<CTrackDisplay*>(name);
             QVERIFY(panel->isVisible());
             QCOMPARE(panel->width(), panel->sizeHint().width());
