@@ -212,11 +212,16 @@ void tst_race_fuel::refuellingFollowsTheSensorsOfTheRaceway_data()
     QTest::addColumn<int>("fuelSensorSetup");
     QTest::addColumn<QString>("begin");
     QTest::addColumn<QString>("end");
-    QTest::newRow("no separate sensors: as long as the car stands on the line") << 0 << "slot1" << "";
-    QTest::newRow("one sensor: as long as the car stands on it") << 1 << "slot1Fuel" << "";
-    QTest::newRow("zone from the line to an end sensor") << 2 << "slot1" << "slot1FuelEnd";
-    QTest::newRow("zone from a sensor to the line") << 3 << "slot1Fuel" << "slot1";
-    QTest::newRow("zone with two sensors") << 4 << "slot1Fuel" << "slot1FuelEnd";
+    QTest::newRow("no separate sensors: as long as the car stands on the line") << 0 << "slot1"
+                                                                                << "";
+    QTest::newRow("one sensor: as long as the car stands on it") << 1 << "slot1Fuel"
+                                                                 << "";
+    QTest::newRow("zone from the line to an end sensor") << 2 << "slot1"
+                                                         << "slot1FuelEnd";
+    QTest::newRow("zone from a sensor to the line") << 3 << "slot1Fuel"
+                                                    << "slot1";
+    QTest::newRow("zone with two sensors") << 4 << "slot1Fuel"
+                                           << "slot1FuelEnd";
 }
 
 void tst_race_fuel::refuellingFollowsTheSensorsOfTheRaceway()

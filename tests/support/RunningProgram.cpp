@@ -22,6 +22,8 @@
 
 namespace {
 
+constexpr int StampStep = 2; ///< milliseconds that give two presses two stamps
+
 /** Calls a private slot of something that the race only lends. */
 void callSlot(const QObject* object, const char* slot)
 {
@@ -139,6 +141,7 @@ bool RunningProgram::startRace()
     pressKey(Qt::Key_S, Qt::ControlModifier);
     m_lapCounts.clear();
     m_shownLaps.clear();
+    m_lastPress["chaosButton"].start(); // its dead time begins with the clock of the simulator
     noteLaps();
     // A stamp of 0 ms would count as no stamp at all.
     return simulator().isVisible() && QTest::qWaitFor([&] { return sinceStart.elapsed() > 5; });
@@ -153,6 +156,7 @@ void RunningProgram::hold(const QString& name)
 {
     QVERIFY2(button(name) && button(name)->isVisible(), qPrintable(name));
     m_lastPress[name].start();
+    m_anyPress.start();
     QTest::mousePress(button(name), Qt::LeftButton);
     QApplication::processEvents();
     noteLaps();
@@ -167,8 +171,11 @@ void RunningProgram::release(const QString& name)
 void RunningProgram::tap(const QString& name, int atLeast)
 {
     const QElapsedTimer lastPress = m_lastPress.value(name);
-    if (lastPress.isValid())
-        QVERIFY(QTest::qWaitFor([&] { return lastPress.elapsed() > atLeast; }, atLeast + 5000));
+    const auto isTime = [this, lastPress, atLeast] {
+        const bool another = !m_anyPress.isValid() || m_anyPress.elapsed() > StampStep;
+        return another && (!lastPress.isValid() || lastPress.elapsed() > atLeast);
+    };
+    QVERIFY(QTest::qWaitFor(isTime, atLeast + 5000));
     hold(name);
     if (simulator().isVisible()) // not if this press ended the race
         release(name);

@@ -71,7 +71,7 @@ public:
     /** Holds a button of the simulator down: the sensor is closed. */
     void hold(const QString& name);
     void release(const QString& name);
-    /** Presses and releases a button, some milliseconds after its last press. */
+    /** Presses and releases a button, more than some milliseconds after its last press. */
     void tap(const QString& name, int atLeast = 15);
     /** Lets the car of a track cross the line. @param atLeast milliseconds from the last time */
     void cross(int number, int atLeast = 15);
@@ -104,6 +104,7 @@ private:
     CScriptedQuestions* m_user = nullptr;
     CRecordingSounds* m_sounds = nullptr;
     QMap<QString, QElapsedTimer> m_lastPress;
+    QElapsedTimer m_anyPress;
     QMap<int, QString> m_lapCounts;
     QMap<int, QVector<int>> m_shownLaps;
 };
