@@ -80,6 +80,8 @@ void CInfoFrame::additionalInfoClicked()
 QLabel* CInfoFrame::addRow(int row, QLabel* caption, QLabel* value)
 {
     makeBold(caption);
+    // Names come from users and from the network: read as markup, an image in one opens any file.
+    value->setTextFormat(Qt::PlainText);
     m_gridLayout->addWidget(caption, row, 0);
     m_gridLayout->addWidget(value, row, 1);
     return value;
@@ -119,10 +121,16 @@ QString CInfoFrame::endText() const
     case CRaceSettings::TimeLimit:
         return tr("Zeitlimit %1").arg(m_raceSettings->endTime().toString(QStringLiteral("hh:mm:ss")));
     case CRaceSettings::LapLimit:
-        return tr("Ende nach %n Runden", "", m_raceSettings->numberOfLaps());
+        return lapLimitText(m_raceSettings->numberOfLaps());
     default:
         return tr("Unbekannt");
     }
+}
+
+QString CInfoFrame::lapLimitText(int laps)
+{
+    // tr() puts in no number below 0, and a damaged race file or server can give one.
+    return tr("Ende nach %n Runden", "", laps).replace(QLatin1String("%n"), QString::number(laps));
 }
 
 QString CInfoFrame::winningText() const

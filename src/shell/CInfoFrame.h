@@ -12,7 +12,7 @@ class QLabel;
 
 /**
  * The box below the track panels: the raceway, the rules of the race, its clock, and a red line for
- * messages. Owned by its Qt parent.
+ * messages. All texts are shown as they are, never as markup. Owned by its Qt parent.
  */
 class CInfoFrame : public QWidget
 {
@@ -41,6 +41,7 @@ private:
     void addAdditionalInfoRow();
     QString startText() const;
     QString endText() const;
+    static QString lapLimitText(int laps);
     QString winningText() const;
 
     QHBoxLayout* m_layout;

@@ -85,20 +85,26 @@ private Q_SLOTS:
     void endConditionInWords_data()
     {
         QTest::addColumn<int>("type");
+        QTest::addColumn<int>("laps");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("none") << 0 << "keine Endebedingung";
-        QTest::newRow("time") << 1 << "Zeitlimit 01:02:03";
-        QTest::newRow("laps") << 2 << "Ende nach 17 Runden";
-        QTest::newRow("unknown") << 3 << "Unbekannt";
+        QTest::newRow("none") << 0 << 17 << "keine Endebedingung";
+        QTest::newRow("time") << 1 << 17 << "Zeitlimit 01:02:03";
+        QTest::newRow("laps") << 2 << 17 << "Ende nach 17 Runden";
+        QTest::newRow("one lap") << 2 << 1 << "Ende nach 1 Runden";
+        QTest::newRow("no lap") << 2 << 0 << "Ende nach 0 Runden";
+        QTest::newRow("a damaged number of laps") << 2 << -1 << "Ende nach -1 Runden";
+        QTest::newRow("thousands have no separator") << 2 << 1000 << "Ende nach 1000 Runden";
+        QTest::newRow("unknown") << 3 << 17 << "Unbekannt";
     }
 
     void endConditionInWords()
     {
         QFETCH(int, type);
+        QFETCH(int, laps);
         CRaceSettings settings;
         settings.setEndType(type);
         settings.setEndTime(QTime(1, 2, 3));
-        settings.setNumberOfLaps(17);
+        settings.setNumberOfLaps(laps);
         CInfoFrame frame;
         frame.setRaceSettings(&settings);
         QTEST(cell(frame, 2, 1)->text(), "expected");
@@ -140,6 +146,19 @@ private Q_SLOTS:
         QVERIFY(cell(frame, 5, 0)->isHidden());
         frame.setAdditionalInfo(QStringLiteral("noch eine"));
         QVERIFY(!cell(frame, 5, 0)->isHidden());
+    }
+
+    void namesAndMessagesAreNoMarkup()
+    {
+        const QString name = QStringLiteral("<b></b><i></i>");
+        CInfoFrame frame;
+        frame.setRacewayName(name);
+        frame.setRaceTime(name);
+        frame.setAdditionalInfo(name);
+        for (const int row : {0, 4, 5}) {
+            const QLabel* value = cell(frame, row, 1);
+            QVERIFY(value->sizeHint().width() >= value->fontMetrics().horizontalAdvance(name) / 2);
+        }
     }
 
     void clickOnTheRedRowTellsIt()
