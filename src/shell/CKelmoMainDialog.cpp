@@ -26,6 +26,7 @@
 #include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QShortcut>
 #include <QTimer>
 
@@ -270,8 +271,12 @@ void CKelmoMainDialog::raceStoreTrigger()
 
 void CKelmoMainDialog::showQrCodeDetectorDialog(CTrackDisplay* panel)
 {
-    if (m_readQrCode)
-        applyQrCode(panel, m_readQrCode());
+    if (!m_readQrCode)
+        return;
+    const QPointer<CTrackDisplay> asking(panel); // a new raceway may come in while the camera looks
+    const QString text = m_readQrCode();
+    if (asking)
+        applyQrCode(asking, text);
 }
 
 void CKelmoMainDialog::qrCodeShortcutTrack(int i)

@@ -224,6 +224,7 @@ private Q_SLOTS:
     void qrKeysReadForTheirTrack();
     void qrKeysDoNothingWhileDisabledOrRacing();
     void qrButtonOfAPanelReadsForIt();
+    void qrCodeForAPanelThatIsGoneChangesNothing();
 
     void clientModeShowsNamesInDisabledBoxes();
     void clientModeLeavesOnlyQuitAndHelp();
@@ -1113,6 +1114,23 @@ void tst_CKelmoMainDialog::qrKeysDoNothingWhileDisabledOrRacing()
     QCOMPARE(reads, 0);
     fixture.pressKey(Qt::Key_2, Qt::AltModifier);
     QCOMPARE(reads, 1);
+}
+
+void tst_CKelmoMainDialog::qrCodeForAPanelThatIsGoneChangesNothing()
+{
+    addDriversAndCars();
+    MainDialogFixture fixture;
+    fixture.setRaceway(racewayWithTracks(2));
+    fixture.settings.setQrCodeHandlingEnabled(true);
+    fixture.dialog.setQrCodeReader([&fixture] {
+        fixture.setRaceway(racewayWithTracks(1));
+        return QString("<car>Blitz");
+    });
+    const int before = fixture.carBox(1)->currentIndex();
+    fixture.trigger("qrCodeShortcutTrack2");
+    fixture.setRaceway(racewayWithTracks(2));
+    fixture.track(2)->findChild<QAbstractButton*>("carQrButton")->click();
+    QCOMPARE(fixture.carBox(1)->currentIndex(), before);
 }
 
 void tst_CKelmoMainDialog::qrButtonOfAPanelReadsForIt()
