@@ -95,6 +95,7 @@ bool CCarreraCu::takeBytes(int milliseconds)
 
 bool CCarreraCu::takeValidFrame()
 {
+    // One by one: taken as one, frames that arrive joined fail their checksum and a lap is lost.
     while (m_rxBuffer.containsFrame()) {
         const CCarreraCuMessage frame = m_rxBuffer.takeFrame();
         if (frame.size() >= ShortestFrame && frame.checksumValid()) {
