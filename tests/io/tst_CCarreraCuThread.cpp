@@ -48,6 +48,7 @@ private Q_SLOTS:
     void everyCrossingOfAnAdapterWithLatencyArrives_data();
     void everyCrossingOfAnAdapterWithLatencyArrives();
     void theNextPollFollowsTheAnswerAtOnce();
+    void afterQuestionsThatNobodyHeardTheNextPollFollowsAtOnceAgain();
     void lateAnswersLeaveOneQuestionUnderWay();
     void overATerminalCrossingsArrive();
     void aSilentUnitIsPolledOn();
@@ -276,6 +277,26 @@ void tst_CCarreraCuThread::theNextPollFollowsTheAnswerAtOnce()
         return clock.answered >= 100;
     });
     QVERIFY2(timeOfHundred < 1500000, qPrintable(QString::number(timeOfHundred))); // 10 ms each
+}
+
+void tst_CCarreraCuThread::afterQuestionsThatNobodyHeardTheNextPollFollowsAtOnceAgain()
+{
+    WaitingClock clock;
+    ControlUnitModel model(ControlUnitSettings(), [&clock] { return clock.now; });
+    model.fallSilent(5000);
+    qint64 timeOfFirst = 0;
+    qint64 timeOfHundred = 0;
+    int lost = 0;
+    runUntil(&model, &clock, [&] {
+        if (clock.answered == 0)
+            lost = clock.asked;
+        qint64& time = clock.answered <= 1 ? timeOfFirst : timeOfHundred;
+        time = clock.now;
+        return clock.answered >= 100;
+    });
+    QVERIFY(lost >= 40);
+    const qint64 used = timeOfHundred - timeOfFirst;
+    QVERIFY2(used < 1500000, qPrintable(QString::number(used)));
 }
 
 void tst_CCarreraCuThread::lateAnswersLeaveOneQuestionUnderWay()
