@@ -131,6 +131,7 @@ void CRichLabel::drawWholeText(QPainter& painter) const
 {
     painter.setPen(m_color);
     painter.setFont(m_paintFont);
+    // The rectangle is a pixel narrower than the text: the label cuts, not the rectangle.
     painter.drawText(QRect(0, 0, m_textSize.width() - 1, m_textSize.height() - 1),
                      Qt::AlignCenter | Qt::TextDontClip, m_text);
 }
