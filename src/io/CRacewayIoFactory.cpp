@@ -3,6 +3,7 @@
 #include "io/CCarreraCuIo.h"
 #include "io/CLtAt2560Io.h"
 #include "io/CParallelPortIo.h"
+#include "io/CRaceControlIo.h"
 
 #include <QDataStream>
 
@@ -36,6 +37,11 @@ std::unique_ptr<CRacewayIo> CRacewayIoFactory::createParallelPort(int baseAddres
     return std::make_unique<CParallelPortIo>(baseAddress, inputOffset, outputOffset);
 }
 
+std::unique_ptr<CRacewayIo> CRacewayIoFactory::createRaceControl()
+{
+    return std::make_unique<CRaceControlIo>();
+}
+
 std::unique_ptr<CRacewayIo> CRacewayIoFactory::createCarreraCu()
 {
     return std::make_unique<CCarreraCuIo>();
@@ -49,6 +55,8 @@ std::unique_ptr<CRacewayIo> CRacewayIoFactory::createLtAt2560()
 std::unique_ptr<CRacewayIo> CRacewayIoFactory::createFromSettings(const QByteArray& blob)
 {
     switch (typeOf(blob)) {
+    case CRacewayIo::RaceControl:
+        return loaded(createRaceControl(), blob);
     case CRacewayIo::CarreraCu:
         return loaded(createCarreraCu(), blob);
     case CRacewayIo::LtAt2560:

@@ -12,6 +12,7 @@ class CRacewayIoFactory
 public:
     static std::unique_ptr<CRacewayIo> createParallelPort();
     static std::unique_ptr<CRacewayIo> createParallelPort(int baseAddress, int inputOffset, int outputOffset);
+    static std::unique_ptr<CRacewayIo> createRaceControl();
     static std::unique_ptr<CRacewayIo> createCarreraCu();
     static std::unique_ptr<CRacewayIo> createLtAt2560();
 
