@@ -7,8 +7,8 @@ constexpr int Deactivated = 0x0300;
 constexpr int Lost = 0x0500;
 constexpr int DataWanted = 0x0600;
 constexpr int Found = 0x0400;
-constexpr int AtStart = 2; ///< bit of a code; clear for an intermediate sensor
-constexpr int Right = 1;   ///< bit of a code; clear for the left one
+constexpr int AtStart = 2;            ///< bit of a code; clear for an intermediate sensor
+constexpr int Right = 1;              ///< bit of a code; clear for the left one
 constexpr quint32 TicksOfAPress = 96; ///< 20 ms
 
 } // namespace

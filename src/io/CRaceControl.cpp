@@ -1,15 +1,18 @@
 #include "io/CRaceControl.h"
 
 #include "io/CBoxPort.h"
-#include "io/IoLog.h"
 #include "io/SharedDevice.h"
 
 #include <QElapsedTimer>
+#include <QLoggingCategory>
 #include <QTime>
 
 #include <algorithm>
 
 namespace {
+
+/** Several lines for each car that passes: only for those who ask for them. */
+Q_LOGGING_CATEGORY(boxLog, "tornik.io.boxes", QtInfoMsg)
 
 constexpr int SendTimeout = 1000; // milliseconds
 
@@ -61,7 +64,7 @@ CRaceControl::CRaceControl(std::unique_ptr<CJnutl> library, QObject* parent)
     : QObject(parent), m_portMaker([] { return std::make_unique<CBoxPort>(); }), m_library(std::move(library))
 {
     connect(this, &CRaceControl::debugMessage,
-            [](const QString& message) { qCDebug(ioLog).noquote() << message; });
+            [](const QString& message) { qCDebug(boxLog).noquote() << message; });
 }
 
 CRaceControl::~CRaceControl() = default;

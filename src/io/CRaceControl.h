@@ -90,7 +90,7 @@ public:
     quint32 lastTimeStamp() const { return m_last.timeStamp; }
 
 Q_SIGNALS:
-    /** Also from the reading thread. */
+    /** What happens, as a line in English; emitted by the reading thread, too. */
     void debugMessage(const QString& message);
 
 private:

@@ -59,7 +59,7 @@ private Q_SLOTS:
     void aByteThatDoesNotLeaveIsTriedAgain();
     void sendingTimesOutAfterASecond();
     void theTimeStampsAreTold();
-    void messagesAreDebugLines();
+    void messagesAreDebugLinesForThoseWhoAsk();
 
 private:
     void open(int boxes);
@@ -563,9 +563,14 @@ void tst_CRaceControl::theTimeStampsAreTold()
     QCOMPARE(m_messages, (QStringList{"Timestamp box 0: 00:01:01:000", "Timestamp box 1: 00:01:01:000"}));
 }
 
-void tst_CRaceControl::messagesAreDebugLines()
+void tst_CRaceControl::messagesAreDebugLinesForThoseWhoAsk()
 {
-    const DebugLines lines("tornik.io");
+    {
+        const DebugLines lines("tornik.io.boxes");
+        m_control->sendToBox(0);
+        QVERIFY(lines.lines().isEmpty());
+    }
+    const DebugLines lines("tornik.io.boxes", "tornik.io.boxes.debug=true");
     m_control->sendToBox(0);
     QCOMPARE(lines.lines(), QStringList{"send attempt to unknown box number 0"});
 }

@@ -164,7 +164,10 @@ void tst_CRaceControlIo::theBlobReachesTheDevice()
     StreamBytes blob;
     blob.int32(4);
     for (int box = 0; box < 4; ++box)
-        blob.int16(qint16(100 + box)).int16(qint16(20 + box)).int16(qint16(5 + box)).text("b" + QString::number(box));
+        blob.int16(qint16(100 + box))
+            .int16(qint16(20 + box))
+            .int16(qint16(5 + box))
+            .text("b" + QString::number(box));
     m_io->readSettings(blob.bytes());
     for (int box = 0; box < 4; ++box) {
         QCOMPARE(m_device->word2(box), 100 + box);
