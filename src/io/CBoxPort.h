@@ -32,7 +32,7 @@ public:
 
     /** Waits for one byte, not at all where the port is closed. @return whether one came */
     virtual bool read(quint8* byte);
-    /** Waits until one byte has left. @return whether it has; then and only then it is on its way */
+    /** Waits until one byte has left. @return false if it hasn't; it won't leave later either */
     virtual bool write(quint8 byte);
     /** @return false for an error; a port without modem lines, a pseudo-terminal, has none. */
     virtual bool setDtr(bool on);

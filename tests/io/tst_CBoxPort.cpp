@@ -49,6 +49,7 @@ private Q_SLOTS:
     void aSilentLineGivesNoByte();
     void whatCameBeforeTheOpeningIsDropped();
     void bytesArriveUnchanged();
+    void aLineThatTakesNothingIsGivenUpForTheByteAlone();
     void aLineThatHangsUpIsClosedAtTheNextRead();
     void aLineThatHangsUpIsClosedAtTheNextWrite();
 };
@@ -189,6 +190,21 @@ void tst_CBoxPort::bytesArriveUnchanged()
         sent.append(char(byte));
     }
     QTRY_COMPARE(line.received(), sent);
+}
+
+void tst_CBoxPort::aLineThatTakesNothingIsGivenUpForTheByteAlone()
+{
+    const BoxLine line;
+    CBoxPort port;
+    QVERIFY(port.open(line.path()));
+    QByteArray sent; // the other end is read by the event loop, which stands still here
+    while (sent.size() < 1000000 && port.write(quint8(sent.size())))
+        sent.append(char(sent.size()));
+    QVERIFY(sent.size() < 1000000);
+    QVERIFY(port.isOpen());
+    QTRY_COMPARE(line.received(), sent);
+    QVERIFY(port.write(0x55));
+    QTRY_COMPARE(line.received(), sent + 'U');
 }
 
 void tst_CBoxPort::aLineThatHangsUpIsClosedAtTheNextRead()

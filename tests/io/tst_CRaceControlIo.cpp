@@ -8,8 +8,10 @@
 #include "io/CRacewayIoFactory.h"
 #include "support/StreamBytes.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
+#include <algorithm>
 #include <optional>
 
 /** The interface on a pseudo-terminal, with the stand-in library. */
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void theBlobHasFourRecordsBehindTheTypeCode();
     void aBlobIsReadBackByteForByte();
     void aShortBlobLeavesZeros();
+    void aBlobOfJunkIsReadToAStateThatLasts();
     void theBlobReachesTheDevice();
     void aParameterOutOfRangeStaysInTheBlobAndOffTheDevice();
     void aPortNameOpensNothingByItself();
@@ -157,6 +160,20 @@ void tst_CRaceControlIo::aShortBlobLeavesZeros()
     }
     QCOMPARE(m_device->word2(0), 5);
     QCOMPARE(m_device->word2(1), 0);
+}
+
+void tst_CRaceControlIo::aBlobOfJunkIsReadToAStateThatLasts()
+{
+    QRandomGenerator random(26);
+    for (int run = 0; run < 300; ++run) {
+        QByteArray junk(random.bounded(400), Qt::Uninitialized);
+        std::generate(junk.begin(), junk.end(), [&] { return char(random.bounded(run < 150 ? 4 : 256)); });
+        m_io->readSettings(StreamBytes().int32(4).raw(junk).bytes());
+        const QByteArray blob = m_io->writeSettings();
+        m_io->readSettings(blob);
+        QCOMPARE(m_io->writeSettings(), blob);
+        QVERIFY(m_device->word2(0) <= 130);
+    }
 }
 
 void tst_CRaceControlIo::theBlobReachesTheDevice()
