@@ -47,10 +47,12 @@ void selectAll(QSqlTableModel& model)
     fetchAllRows(model);
 }
 
-void submitAll(QSqlTableModel& model)
+bool submitAll(QSqlTableModel& model)
 {
-    if (!model.submitAll())
+    const bool isStored = model.submitAll();
+    if (!isStored)
         model.revertAll();
+    return isStored;
 }
 
 void setQuery(QSqlQueryModel& model, const QString& statement, const QStringList& headers)

@@ -21,8 +21,11 @@ void fetchAllRows(QSqlQueryModel& model);
 /** Re-selects the table, with all its rows. */
 void selectAll(QSqlTableModel& model);
 
-/** Submits the pending changes; those that fail are forgotten and not tried again by the next. */
-void submitAll(QSqlTableModel& model);
+/**
+ * Submits the pending changes; those that fail are forgotten and not tried again by the next.
+ * @return whether all were stored
+ */
+bool submitAll(QSqlTableModel& model);
 
 /** Runs the query, fetches all its rows and names the columns. */
 void setQuery(QSqlQueryModel& model, const QString& statement, const QStringList& headers);

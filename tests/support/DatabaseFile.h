@@ -52,6 +52,17 @@ private:
     Q_DISABLE_COPY(DatabaseReference)
 };
 
+/**
+ * Closes the program's connection, whatever references are left: a list of fastest laps never gives
+ * its own back. Nothing may use the connection any more.
+ */
+inline void closeDatabase()
+{
+    while (QSqlDatabase::contains()) {
+        CDatabase::release();
+    }
+}
+
 /** A SQLite file opened on a connection of its own, beside the program's. */
 class DatabaseFile
 {
