@@ -6,7 +6,7 @@
 #include "io/CRacewayIoEvent.h"
 #include "io/CRacewayIoFactory.h"
 #include "race/CLightAction.h"
-#include "results/CRaceToCsvWriter.h"
+#include "race/CRaceList.h"
 #include "shell/CSettings.h"
 
 #include <QCoreApplication>
@@ -53,6 +53,7 @@ CRace::CRace(CSettings* settings, CRaceSettings* raceSettings, Surroundings surr
     makeRaceStart();
     makeEndCondition();
     makeWinningCondition();
+    makeStores();
     adaptToRaceway();
 }
 
@@ -477,23 +478,4 @@ void CRace::raceMemberRefuelHappened(int track)
     if (m_raceActive) {
         trackPower(track, true);
     }
-}
-
-// --- Storing --------------------------------------------------------------------------------
-
-void CRace::storeFinishedRace()
-{
-    // Nothing is stored yet.
-}
-
-void CRace::saveToDatabase(const QString& /*raceName*/)
-{
-    // Nothing is stored yet.
-}
-
-void CRace::saveToCsv(const QString& pathAndFilename)
-{
-    CRaceToCsvWriter writer;
-    writer.setRace(this);
-    writer.writeToFile(pathAndFilename);
 }

@@ -17,8 +17,11 @@
 #include <functional>
 #include <memory>
 
+class CCarList;
 class CCarreraCuStatusEvent;
 class CDriveThroughEvent;
+class CFastestLapList;
+class CRaceList;
 class CRacewayIo;
 class CSettings;
 class QBitArray;
@@ -164,7 +167,12 @@ private:
     /** Publishes a line for the user, and as a debug line if it isn't empty. */
     void showInfo(const QString& text);
 
+    void makeStores();
+    /** Stores what the settings ask for. */
     void storeFinishedRace();
+    void storeDistances();
+    void storeFastestLaps();
+    void storeFastestLap(const CRaceMember& racer);
 
     Surroundings m_surroundings;
     CRaceMembers m_members;
@@ -191,6 +199,9 @@ private:
     bool m_paused = false;
     quint32 m_lastChaosTime = 0;
     CRacewayOutputs m_outputs;
+    std::unique_ptr<CRaceList> m_raceList;
+    CCarList* m_carList = nullptr;
+    CFastestLapList* m_fastestLapList = nullptr;
 };
 
 #endif
