@@ -2,7 +2,7 @@
 #include "shell/CRichLabel.h"
 #include "shell/CTrackDisplay.h"
 #include "sound/CSoundOutput.h"
-#include "support/RecordingSoundOutLib.h"
+#include "sound/RecordingSoundOutLib.h"
 #include "support/RecordingSounds.h"
 #include "support/RunningProgram.h"
 #include "support/StoredSetup.h"

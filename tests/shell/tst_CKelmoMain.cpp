@@ -279,7 +279,7 @@ void tst_CKelmoMain::withoutTracksARaceStillRuns()
     QFile emptyFile("tornik.db");
     QVERIFY(isOpen ? emptyFile.open(QIODevice::WriteOnly) : QDir().mkdir("tornik.db"));
     emptyFile.close();
-    Program program({"--windowed"});
+    RunningProgram program({"--windowed"});
     QCOMPARE(program.race().numberOfMembers(), 0);
     QVERIFY(program.dialog().findChild<CTrackDisplay*>("track1")->isVisible());
 
