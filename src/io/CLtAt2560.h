@@ -54,6 +54,8 @@ public:
     void sendFrame(const QString& frame);
     /** Takes bytes of the line, in pieces of any size. */
     void processBytes(const QByteArray& bytes);
+    /** @return how many bytes wait for the end of their frame, 32 at most. */
+    int pendingBytes() const { return m_buffer.size(); }
 
 Q_SIGNALS:
     void dataReceived();

@@ -114,6 +114,7 @@ void tst_CLtAt2560::junkBetweenTwoFramesLosesNone()
 {
     m_box->processBytes(":S1,100;\r\n;;17;:S2,105;\r\n");
     m_box->processBytes("xyz");
+    QCOMPARE(m_box->pendingBytes(), 0);
     m_box->processBytes("xyz:S3,110;");
     QCOMPARE(frames(), QStringList({":S1,100;", ":S2,105;", ":S3,110;"}));
 }
@@ -146,8 +147,10 @@ void tst_CLtAt2560::aFrameOf32BytesIsCutTo31AndTold()
 void tst_CLtAt2560::aFrameThatNeverEndsFillsNoMemory()
 {
     m_box->processBytes(":S1,");
-    for (int i = 0; i < 10000; ++i)
+    for (int i = 0; i < 10000; ++i) {
         m_box->processBytes(QByteArray(1000, '7'));
+        QVERIFY(m_box->pendingBytes() <= 32);
+    }
     QCOMPARE(frames(), QStringList());
     m_box->processBytes(";:S2,105;");
     QCOMPARE(frames(), QStringList({":S1," + QByteArray(27, '7'), ":S2,105;"}));

@@ -7,7 +7,6 @@
 #include <QVector>
 
 #include <algorithm>
-
 #include <sys/resource.h>
 
 /** How the main thread lived through a while, as a dashboard would. */
