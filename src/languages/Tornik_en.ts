@@ -20,12 +20,12 @@
         <translation>&lt;b&gt;Author:&lt;/b&gt; %1&lt;br&gt;</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Weitere Informationen:&lt;/b&gt; die Datei &quot;README.md&quot;, die dem Programm beiliegt&lt;/p&gt;</source>
-        <translation>&lt;b&gt;Further information:&lt;/b&gt; the file &quot;README.md&quot; that comes with the program&lt;/p&gt;</translation>
+        <source>&lt;b&gt;Weitere Informationen:&lt;/b&gt; die Datei "README.md", die dem Programm beiliegt&lt;/p&gt;</source>
+        <translation>&lt;b&gt;Further information:&lt;/b&gt; the file "README.md" that comes with the program&lt;/p&gt;</translation>
     </message>
     <message>
-        <source>&lt;p&gt;Die ausführliche Anleitung ist die Datei &quot;Bedienungsanleitung.pdf&quot;, die mit dem Programm geliefert wird.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;The detailed manual is the file &quot;Bedienungsanleitung.pdf&quot; that comes with the program.&lt;/p&gt;</translation>
+        <source>&lt;p&gt;Die ausführliche Anleitung ist die Datei "Bedienungsanleitung.pdf", die mit dem Programm geliefert wird.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;The detailed manual is the file "Bedienungsanleitung.pdf" that comes with the program.&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Diese Software beruht auf dem Qt Framework in der Version 5.5.0: %1&lt;/p&gt;</source>
@@ -164,6 +164,57 @@
     <message>
         <source>Ende nach %1 Sekunden</source>
         <translation>End after %1 seconds</translation>
+    </message>
+</context>
+<context>
+    <name>CFastestLapList</name>
+    <message>
+        <source>id</source>
+        <translation>id</translation>
+    </message>
+    <message>
+        <source>carId</source>
+        <translation>carId</translation>
+    </message>
+    <message>
+        <source>driverId</source>
+        <translation>driverId</translation>
+    </message>
+    <message>
+        <source>racewayId</source>
+        <translation>racewayId</translation>
+    </message>
+    <message>
+        <source>trackId</source>
+        <translation>trackId</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>time</translation>
+    </message>
+    <message>
+        <source>Fahrer</source>
+        <translation>Driver</translation>
+    </message>
+    <message>
+        <source>Fahrzeug</source>
+        <translation>Car</translation>
+    </message>
+    <message>
+        <source>Spur</source>
+        <translation>Track</translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Rennstrecke</source>
+        <translation>Raceway</translation>
+    </message>
+    <message>
+        <source>Bestzeit</source>
+        <translation>Best time</translation>
     </message>
 </context>
 <context>
@@ -486,7 +537,7 @@
     </message>
     <message>
         <source>Spur &amp;%1 %2</source>
-        <extracomment>%1 is the number of the track, %2 what a press does: &quot;ausschalten&quot; or &quot;einschalten&quot;</extracomment>
+        <extracomment>%1 is the number of the track, %2 what a press does: "ausschalten" or "einschalten"</extracomment>
         <translation>Track &amp;%1: %2</translation>
     </message>
     <message>
@@ -503,6 +554,53 @@
     <message>
         <source>Rennen wurde beendet</source>
         <translation>The race has ended</translation>
+    </message>
+</context>
+<context>
+    <name>CRaceList</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>date</translation>
+    </message>
+    <message>
+        <source>settings</source>
+        <translation>settings</translation>
+    </message>
+    <message>
+        <source>Spur</source>
+        <translation>Track</translation>
+    </message>
+    <message>
+        <source>Fahrer</source>
+        <translation>Driver</translation>
+    </message>
+    <message>
+        <source>Fahrzeug</source>
+        <translation>Car</translation>
+    </message>
+    <message>
+        <source>Runde</source>
+        <translation>Lap</translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Sektor 1</source>
+        <translation>Sector 1</translation>
+    </message>
+    <message>
+        <source>Sektor 2</source>
+        <translation>Sector 2</translation>
+    </message>
+    <message>
+        <source>Sektor 3</source>
+        <translation>Sector 3</translation>
     </message>
 </context>
 <context>
@@ -682,8 +780,8 @@ race will be saved under this name.</translation>
         <translation>Scale (1/X)</translation>
     </message>
     <message>
-        <source>Maske &quot;offen&quot;</source>
-        <translation>Mask &quot;open&quot;</translation>
+        <source>Maske "offen"</source>
+        <translation>Mask "open"</translation>
     </message>
     <message>
         <source>Maske Chaostaste</source>
@@ -966,8 +1064,8 @@ race will be saved under this name.</translation>
         <translation>Waits on &lt;server_port&gt; for connections of additional display clients.</translation>
     </message>
     <message>
-        <source>Setzt die Sprache der Anwendung auf &lt;locale&gt; (zur Zeit werden nur &quot;de&quot; für deutsch und &quot;en&quot; für englisch unterstützt)</source>
-        <translation>Sets the language of the application to &lt;locale&gt; (at present only &quot;de&quot; for German and &quot;en&quot; for English are supported)</translation>
+        <source>Setzt die Sprache der Anwendung auf &lt;locale&gt; (zur Zeit werden nur "de" für deutsch und "en" für englisch unterstützt)</source>
+        <translation>Sets the language of the application to &lt;locale&gt; (at present only "de" for German and "en" for English are supported)</translation>
     </message>
 </context>
 </TS>

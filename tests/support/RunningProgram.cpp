@@ -1,5 +1,6 @@
 #include "support/RunningProgram.h"
 
+#include "data/CDatabase.h"
 #include "io/CDriveThroughEvent.h"
 #include "io/CKelmoPortSimulator.h"
 #include "io/PortIds.h"
@@ -51,7 +52,13 @@ RunningProgram::RunningProgram(const QStringList& arguments)
     dialog().setSoundHandler(std::move(sounds));
 }
 
-RunningProgram::~RunningProgram() = default;
+RunningProgram::~RunningProgram()
+{
+    m_main.reset();
+    // The race's list of fastest laps keeps its reference to the end of the process; the next
+    // program of this process begins with a file of its own.
+    CDatabase::release();
+}
 
 void RunningProgram::destroyMain()
 {
