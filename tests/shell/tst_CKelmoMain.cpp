@@ -293,6 +293,7 @@ void tst_CKelmoMain::withoutTracksARaceStillRuns()
     quickRace->trigger();
     QVERIFY(!program.race().isRaceActive());
 
+    program.user().fileName = "rennen.csv";
     const ModalAnswers noWindow;
     program.menu()->action(CMainMenu::ShowSummary)->trigger();
     program.menu()->action(CMainMenu::StoreRace)->trigger();
