@@ -143,9 +143,9 @@ bool RunningProgram::startRace()
     if (!menu()->action(CMainMenu::Simulator)->isChecked())
         pressKey(Qt::Key_D, Qt::ControlModifier);
     m_lastPress.clear();
-    QElapsedTimer sinceStart;
-    sinceStart.start();
     pressKey(Qt::Key_S, Qt::ControlModifier);
+    QElapsedTimer sinceStart; // begins behind the clock of the simulator
+    sinceStart.start();
     m_lapCounts.clear();
     m_shownLaps.clear();
     m_lastPress["chaosButton"].start(); // its dead time begins with the clock of the simulator
@@ -162,9 +162,9 @@ QPushButton* RunningProgram::button(const QString& name) const
 void RunningProgram::hold(const QString& name)
 {
     QVERIFY2(button(name) && button(name)->isVisible(), qPrintable(name));
-    m_lastPress[name].start();
-    m_anyPress.start();
     QTest::mousePress(button(name), Qt::LeftButton);
+    m_lastPress[name].start(); // behind the stamp, so that no time between two stamps is shorter
+    m_anyPress.start();
     QApplication::processEvents();
     noteLaps();
 }
