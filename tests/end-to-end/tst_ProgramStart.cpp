@@ -1,48 +1,122 @@
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTest>
 
-/** Starts the real program, sees that it lives, and ends it as the system does at the end of a session. */
+namespace {
+
+const char* const WindowFile = "window.txt";
+
+/** The program as a process of its own; it leaves with this object. */
+class TornikProcess
+{
+public:
+    explicit TornikProcess(const QStringList& arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_PLUGIN_PATH", TORNIK_TEST_PLUGINS);
+        environment.insert("QT_QPA_GENERIC_PLUGINS",
+                           "windowprobe:" + QDir::current().absoluteFilePath(WindowFile));
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        m_process.start(TORNIK_BIN_DIR "/tornik", arguments);
+    }
+    ~TornikProcess()
+    {
+        if (m_process.state() != QProcess::NotRunning)
+            m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    /** @return whether the window is there now. */
+    bool hasWindow() const { return QFile::exists(WindowFile); }
+    /** @return what the window shows now, one line each: see the plugin of the tests. */
+    QStringList window() const
+    {
+        QFile file(WindowFile);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n') : QStringList();
+    }
+    bool shows(const QString& line) const { return window().contains(line); }
+    bool runs() const { return m_process.state() == QProcess::Running; }
+
+    /** Ends it as the system does at the end of a session. @return whether it left in peace */
+    bool end()
+    {
+        m_process.terminate();
+        return m_process.waitForFinished() && m_process.exitStatus() == QProcess::NormalExit &&
+               m_process.exitCode() == 0;
+    }
+    QByteArray output() { return m_process.readAll(); }
+
+private:
+    QProcess m_process;
+};
+
+} // namespace
+
+/** Starts the real program, looks into its window, and ends it. */
 class tst_ProgramStart : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void programStartsAndEnds_data();
-    void programStartsAndEnds();
+    void programShowsItsWindowAndEnds_data();
+    void programShowsItsWindowAndEnds();
+    void quickRaceRuns();
+    void displayClientHasNoRaceMenu();
 };
 
 void tst_ProgramStart::init()
 {
     QFile::remove("tornik.db");
+    QFile::remove(WindowFile);
 }
 
-void tst_ProgramStart::programStartsAndEnds_data()
+void tst_ProgramStart::programShowsItsWindowAndEnds_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("with a running race") << QStringList{"--windowed", "--quickRace"};
-    QTest::newRow("full screen") << QStringList();
-    QTest::newRow("in English") << QStringList{"--windowed", "--language", "en"};
-    QTest::newRow("in an unknown language") << QStringList{"--windowed", "--language", "xx"};
-    QTest::newRow("as a display client without a server")
-        << QStringList{"--windowed", "--connect", "127.0.0.1:9", "--quickRace"};
+    QTest::addColumn<QStringList>("lines");
+    const QStringList german{"menu &Rennen", "menu &schnelles Rennen starten", "menu &Beenden",
+                             "label startCondition fliegender Start"};
+    const QStringList english{"menu &Start quick race", "menu Show su&mmary",
+                              "label startCondition flying start"};
+    QTest::newRow("full screen") << QStringList() << german + QStringList("window full screen");
+    QTest::newRow("in a window") << QStringList("--windowed") << german + QStringList("window framed");
+    QTest::newRow("in English") << QStringList{"--windowed", "--language", "en"} << english;
+    QTest::newRow("in German") << QStringList{"--windowed", "--language", "de"} << german;
+    QTest::newRow("in an unknown language") << QStringList{"--windowed", "--language", "xx"} << german;
 }
 
-void tst_ProgramStart::programStartsAndEnds()
+void tst_ProgramStart::programShowsItsWindowAndEnds()
 {
     QFETCH(QStringList, arguments);
-    QProcess program;
-    program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(TORNIK_BIN_DIR "/tornik", arguments);
-    QVERIFY(program.waitForStarted());
-    // Made on the way to the first window, behind the point where the program can be asked to end.
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists("tornik.db"), 30000);
-    program.terminate();
-    QVERIFY(program.waitForFinished());
-    const QByteArray output = program.readAll();
-    QVERIFY2(program.exitStatus() == QProcess::NormalExit, output.constData());
-    QVERIFY2(program.exitCode() == 0, output.constData());
+    QFETCH(QStringList, lines);
+    TornikProcess program(arguments);
+    QTRY_VERIFY_WITH_TIMEOUT(program.hasWindow(), 30000);
+    for (const QString& line : lines)
+        QVERIFY2(program.shows(line), qPrintable(line + " is not in\n" + program.window().join('\n')));
+    QVERIFY2(program.end(), program.output().constData());
+}
+
+void tst_ProgramStart::quickRaceRuns()
+{
+    TornikProcess program({"--windowed", "--quickRace"});
+    QTRY_VERIFY_WITH_TIMEOUT(program.shows("menu &schnelles Rennen beenden"), 30000);
+    QVERIFY(program.shows("box driverBox locked Default"));
+    QTRY_VERIFY(!program.shows("label raceTime 00:00:00")); // the clock goes
+    QVERIFY(program.runs());
+    QVERIFY2(program.end(), program.output().constData());
+}
+
+void tst_ProgramStart::displayClientHasNoRaceMenu()
+{
+    TornikProcess program({"--windowed", "--connect", "127.0.0.1:9", "--quickRace"});
+    QTRY_VERIFY_WITH_TIMEOUT(program.hasWindow(), 30000);
+    QVERIFY(program.shows("menu &Beenden"));
+    QVERIFY(!program.shows("menu &Rennen"));
+    QVERIFY(!program.shows("menu &schnelles Rennen beenden"));
+    QVERIFY2(program.end(), program.output().constData());
 }
 
 QTEST_GUILESS_MAIN(tst_ProgramStart)
