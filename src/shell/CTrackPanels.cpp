@@ -32,6 +32,7 @@ CTrackPanels::CTrackPanels(QWidget* window, CSettings* settings)
         row->addStretch(1);
         m_column->addLayout(row);
     }
+    m_column->addStretch(1); // takes what a longer message needs, so that no figure moves
     m_outerRow->addStretch();
     m_outerRow->addLayout(m_column);
     m_outerRow->addStretch();

@@ -2,12 +2,14 @@
 #include "race/CRaceMember.h"
 #include "shell/CInfoFrame.h"
 #include "shell/CLights.h"
+#include "shell/CTranslationCatalogue.h"
 #include "shell/MainDialogFixture.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QSettings>
+#include <QTranslator>
 
 namespace {
 
@@ -44,6 +46,16 @@ CRaceEvent lapOfTrack(int track, State state)
     return event;
 }
 
+/** @return the text of the race that gives the longest message, in the language of the program. */
+QString resultText()
+{
+    return QCoreApplication::translate(
+               "CWinningConditionMostConstantTimes",
+               "Fahrer %1 hat mit einer max. Abweichung von %2 gewonnen. Die schnellste Rundenzeit war %3, "
+               "die langsamste %4.")
+        .arg("1", "00:00:443", "00:08:088", "00:08:531");
+}
+
 void showRace(MainDialogFixture& fixture, int tracks, State state)
 {
     fixture.dialog.vSetUiRaceStarted();
@@ -56,8 +68,7 @@ void showRace(MainDialogFixture& fixture, int tracks, State state)
     if (state == Ended) {
         fixture.dialog.vSetUiRaceStopped();
         fixture.dialog.updateLightsDisplay(CLightAction::AllRed);
-        fixture.dialog.setAdditionalInfo(
-            "Die schnellste Runde war die 12. Runde von Anna mit einer Zeit von 00:08:088.");
+        fixture.dialog.setAdditionalInfo(resultText());
     }
 }
 
@@ -68,6 +79,15 @@ void showAllFields(CSettings& settings)
     settings.setDisplaySpeed(true);
     settings.setDisplayFuel(true);
     settings.setQrCodeHandlingEnabled(true);
+}
+
+bool fitsOnScreen(int tracks, int size, bool allFields)
+{
+    const int rows = tracks <= 3 ? 1 : 2;
+    const int largest = rows == 1 && !allFields  ? CSettings::VeryLarge
+                        : rows == 2 && allFields ? CSettings::Small
+                                                 : CSettings::Large;
+    return size >= largest;
 }
 
 /** Shows the window as large as the screen, and waits until it is laid out. */
@@ -99,6 +119,43 @@ QRect rectOnDialog(const QWidget* widget, const QWidget* dialog)
     return {widget->mapTo(const_cast<QWidget*>(dialog), QPoint(0, 0)), widget->size()};
 }
 
+/** @return where the figures of all tracks stand, by track and label. */
+QMap<QString, QRect> placesOfFigures(const CKelmoMainDialog& dialog)
+{
+    QMap<QString, QRect> places;
+    for (const CTrackDisplay* panel : dialog.findChildren<CTrackDisplay*>()) {
+        for (const CRichLabel* label : panel->findChildren<CRichLabel*>()) {
+            if (label->isVisible())
+                places[panel->objectName() + ' ' + label->objectName()] = rectOnDialog(label, &dialog);
+        }
+    }
+    return places;
+}
+
+/** The program's English as long as this object lives. */
+class EnglishProgram
+{
+public:
+    EnglishProgram()
+    {
+        QLocale::setDefault(QLocale("en"));
+        m_found = CTranslationCatalogue::load(m_translator, QLocale("en"), {TORNIK_BIN_DIR "/languages"});
+        QCoreApplication::installTranslator(&m_translator);
+    }
+    ~EnglishProgram()
+    {
+        QCoreApplication::removeTranslator(&m_translator);
+        QLocale::setDefault(QLocale::c());
+    }
+    bool isFound() const { return m_found; }
+
+private:
+    Q_DISABLE_COPY(EnglishProgram)
+
+    QTranslator m_translator;
+    bool m_found;
+};
+
 /** A change of size goes up from widget to widget, one event each. */
 void letLayoutsSettle()
 {
@@ -125,8 +182,8 @@ private Q_SLOTS:
     void init();
     void eightTracksInTheLargeSizeAreWhollyVisible();
     void eightTracksInTheSmallSizeAreWhollyVisibleWithAllFields();
-    void dashboardInAllStates_data();
-    void dashboardInAllStates();
+    void figuresStandStillInAllStates_data();
+    void figuresStandStillInAllStates();
 };
 
 void tst_DashboardPictures::init()
@@ -171,35 +228,56 @@ void tst_DashboardPictures::eightTracksInTheSmallSizeAreWhollyVisibleWithAllFiel
                  qPrintable(widget->objectName()));
 }
 
-void tst_DashboardPictures::dashboardInAllStates_data()
+void tst_DashboardPictures::figuresStandStillInAllStates_data()
 {
     QTest::addColumn<int>("tracks");
     QTest::addColumn<int>("size");
-    QTest::addColumn<int>("state");
-    const int lastState = qEnvironmentVariableIsEmpty("TORNIK_PICTURES") ? Running : Ended;
+    QTest::addColumn<bool>("allFields");
+    QTest::addColumn<bool>("english");
+    const bool forAPerson = !qEnvironmentVariableIsEmpty("TORNIK_PICTURES");
     for (const int tracks : {1, 2, 4, 7, 8}) {
         for (int size = CSettings::VeryLarge; size <= CSettings::Small; ++size) {
-            for (int state = Running; state <= lastState; ++state)
-                QTest::newRow(qPrintable(
-                    QStringLiteral("tracks%1-size%2-%3").arg(tracks).arg(size).arg(StateNames[state])))
-                    << tracks << size << state;
+            for (const bool allFields : {false, true}) {
+                if (!forAPerson && !fitsOnScreen(tracks, size, allFields))
+                    continue;
+                const QString name = QStringLiteral("tracks%1-size%2-%3")
+                                         .arg(QString::number(tracks), QString::number(size),
+                                              allFields ? "all-fields" : "usual-fields");
+                QTest::newRow(qPrintable(name)) << tracks << size << allFields << false;
+                if (forAPerson)
+                    QTest::newRow(qPrintable(name + "-english")) << tracks << size << allFields << true;
+            }
         }
     }
 }
 
-void tst_DashboardPictures::dashboardInAllStates()
+void tst_DashboardPictures::figuresStandStillInAllStates()
 {
     QFETCH(int, tracks);
     QFETCH(int, size);
-    QFETCH(int, state);
+    QFETCH(bool, allFields);
+    QFETCH(bool, english);
+    const auto language = english ? std::make_unique<EnglishProgram>() : nullptr;
+    QVERIFY(!language || language->isFound());
     MainDialogFixture fixture;
     fixture.settings.setDisplaySize(size);
-    fixture.setRaceway(racewayWithTracks(tracks));
+    if (allFields)
+        showAllFields(fixture.settings);
+    CRaceway raceway = racewayWithTracks(tracks);
+    raceway.numberOfSectors = 3;
+    fixture.setRaceway(raceway);
     QVERIFY(showOnScreen(fixture.dialog));
-    showRace(fixture, tracks, State(state));
-    for (int number = 1; number <= tracks; ++number)
-        QVERIFY(fixture.track(number)->isVisible());
-    QVERIFY(savePicture(fixture.dialog, QTest::currentDataTag()));
+    letLayoutsSettle();
+    const QMap<QString, QRect> before = placesOfFigures(fixture.dialog);
+    QVERIFY(before.size() >= 4 * tracks);
+    for (const State state : {Running, Paused, Ended}) {
+        showRace(fixture, tracks, state);
+        QVERIFY(savePicture(fixture.dialog, QString(QTest::currentDataTag()) + '-' + StateNames[state]));
+        if (!fitsOnScreen(tracks, size, allFields))
+            continue; // the window is as large as it must be, and a long message takes from the panels
+        QCOMPARE(fixture.dialog.size(), Screen);
+        QCOMPARE(placesOfFigures(fixture.dialog), before);
+    }
 }
 
 QTEST_MAIN(tst_DashboardPictures)

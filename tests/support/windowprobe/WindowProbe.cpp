@@ -35,9 +35,9 @@ QStringList describe(const QWidget* window)
     }
     for (const QComboBox* box : window->findChildren<QComboBox*>()) {
         if (box->isVisible())
-            lines.append(QStringLiteral("box %1 %2 %3")
-                             .arg(box->objectName(), box->isEnabled() ? "free" : "locked",
-                                  box->currentText()));
+            lines.append(
+                QStringLiteral("box %1 %2 %3")
+                    .arg(box->objectName(), box->isEnabled() ? "free" : "locked", box->currentText()));
     }
     return lines;
 }
