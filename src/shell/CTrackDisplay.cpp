@@ -19,6 +19,20 @@ const char* const TrackColor = "#FFC80A";
 const char* const CommonColor = "#FF3214";
 const char* const LegendColor = "#999999";
 
+/** Keeps a widget in the middle that can't fill its place: without an alignment it would stand left. */
+class CCentredItem : public QWidgetItem
+{
+public:
+    using QWidgetItem::QWidgetItem;
+
+    void setGeometry(const QRect& place) override
+    {
+        QRect middle(QPoint(), place.size().boundedTo(maximumSize()));
+        middle.moveCenter(place.center());
+        QWidgetItem::setGeometry(middle);
+    }
+};
+
 } // namespace
 
 CTrackDisplay::CTrackDisplay(int type, CSettings* settings, QWidget* parent, int rows, int sections)
@@ -288,7 +302,7 @@ void CTrackDisplay::createLayout()
     for (CRichLabel* label : {m_lapCount, m_section1, m_section2, m_section3, m_lastLap, m_bestLap, m_status,
                               m_averageLap, m_speed})
         m_mainLayout->addWidget(label, 0, Qt::AlignHCenter);
-    m_mainLayout->addWidget(m_fuelBar);
+    m_mainLayout->addItem(new CCentredItem(m_fuelBar));
     for (CRichLabel* label : {m_fuelLabel, m_driverLabel, m_carLabel})
         m_mainLayout->addWidget(label, 0, Qt::AlignHCenter);
     m_driverBoxLayout = addBoxRow(m_driverBox, m_driverQrButton);

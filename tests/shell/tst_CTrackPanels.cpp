@@ -1,3 +1,4 @@
+#include "data/CDriverList.h"
 #include "shell/CTrackPanels.h"
 #include "shell/CTrackRows.h"
 #include "shell/MainDialogFixture.h"
@@ -73,13 +74,21 @@ void tst_CTrackPanels::eachRowStandsInTheMiddleWithItsPanelsInTheirOwnWidth()
 void tst_CTrackPanels::fuelBarStandsBelowTheFiguresOfItsTrack_data()
 {
     QTest::addColumn<int>("displaySize");
-    for (int size = CSettings::VeryLarge; size <= CSettings::Small; ++size)
-        QTest::newRow(qPrintable(QString("size %1").arg(size))) << size;
+    QTest::addColumn<QString>("driverName");
+    for (int size = CSettings::VeryLarge; size <= CSettings::Small; ++size) {
+        QTest::newRow(qPrintable(QString("size %1").arg(size))) << size << "Anna";
+        QTest::newRow(qPrintable(QString("size %1, wide boxes").arg(size)))
+            << size << "Maximilian Mustermann-Schmidt";
+    }
 }
 
 void tst_CTrackPanels::fuelBarStandsBelowTheFiguresOfItsTrack()
 {
     QFETCH(int, displaySize);
+    QFETCH(QString, driverName);
+    CDriver driver;
+    driver.setName(driverName);
+    CDriverList().addDriver(driver);
     MainDialogFixture fixture;
     fixture.settings.setDisplayFuel(true);
     fixture.settings.setDisplaySize(displaySize);
@@ -91,6 +100,7 @@ void tst_CTrackPanels::fuelBarStandsBelowTheFiguresOfItsTrack()
             placeOf(fixture.track(track)->findChild<CRichLabel*>("lapCount"), &fixture.dialog);
         const QRect bar = placeOf(fixture.track(track)->findChild<QProgressBar*>(), &fixture.dialog);
         QVERIFY(bar.top() > figures.bottom());
+        QCOMPARE(bar.width(), fixture.track(track)->findChild<QProgressBar*>()->maximumWidth());
         QVERIFY(qAbs(bar.center().x() - figures.center().x()) <= 1);
     }
 }
