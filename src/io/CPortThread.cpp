@@ -1,20 +1,15 @@
 #include "io/CPortThread.h"
 
 #include "io/CInpOutLibrary.h"
-#include "io/CRacewayIoEvent.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-
-CPortThread::CPortThread(QObject* target)
-    : m_target(target), m_library(CInpOutLibrary::instance()), m_lastValue(m_library->readPort())
+CPortThread::CPortThread(QObject* target) : CReadingThread(target), m_library(CInpOutLibrary::instance())
 {
+    setLastValue(m_library->readPort());
 }
 
 CPortThread::~CPortThread()
 {
-    requestStop();
-    wait();
+    stopAndWait();
     CInpOutLibrary::release();
 }
 
@@ -33,24 +28,7 @@ void CPortThread::setOutputOffset(int offset)
     m_library->setOutputOffset(offset);
 }
 
-void CPortThread::start()
+int CPortThread::readValue()
 {
-    if (m_stopRequested)
-        wait(); // the run before ends within a pass
-    // Not in run(): a stop that comes before the new thread gets the processor must not be lost.
-    m_stopRequested = false;
-    QThread::start();
-}
-
-void CPortThread::run()
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!m_stopRequested) {
-        const int value = m_library->readPort();
-        if (value != m_lastValue)
-            QCoreApplication::postEvent(m_target, new CRacewayIoEvent(value, int(clock.elapsed())));
-        m_lastValue = value;
-        usleep(1);
-    }
+    return m_library->readPort();
 }
