@@ -75,11 +75,7 @@ QBitArray CParallelPortIo::sensorStates()
 
 void CParallelPortIo::setOutput(int portId, bool on)
 {
-    const int state = portState(portId);
-    const int mask = state == -1 ? 0 : state;
-    const bool level = on != isInverted(portId);
-    setOutputShadow(level ? outputShadow() | mask : outputShadow() & ~mask);
-    m_library->writePort(short(outputShadow()));
+    m_library->writePort(short(switchOutputShadow(portId, on)));
 }
 
 int CParallelPortIo::capturePortState(int portId)

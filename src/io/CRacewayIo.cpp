@@ -51,6 +51,20 @@ bool CRacewayIo::isInverted(int portId) const
     return PortId::isOutput(portId) && m_inverted[std::size_t(portId)];
 }
 
+int CRacewayIo::outputMask(int portId) const
+{
+    const int state = portState(portId);
+    return state == -1 ? 0 : state;
+}
+
+int CRacewayIo::switchOutputShadow(int portId, bool on)
+{
+    const int mask = outputMask(portId);
+    const bool level = on != isInverted(portId);
+    m_outputShadow = level ? m_outputShadow | mask : m_outputShadow & ~mask;
+    return m_outputShadow;
+}
+
 bool CRacewayIo::isSensorClosed(int value, int mask) const
 {
     const int open = portState(PortId::Open);

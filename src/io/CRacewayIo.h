@@ -96,8 +96,14 @@ protected:
     /** What processIoEvent() is for the interfaces whose sensors are masks of a port value. */
     void processPortEvent(QEvent* event);
 
+    /** @return the bits of an output; none if it isn't assigned. */
+    int outputMask(int portId) const;
+    /**
+     * Sets or clears the bits of an output in the value last written, by its level after inversion.
+     * @return the value to write
+     */
+    int switchOutputShadow(int portId, bool on);
     int outputShadow() const { return m_outputShadow; }
-    void setOutputShadow(int value) { m_outputShadow = value; }
 
     /**
      * The sections of the blob that all interfaces share: base masks, outputs, invert flags. As by
