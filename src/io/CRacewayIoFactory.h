@@ -12,6 +12,12 @@ class CRacewayIoFactory
 public:
     static std::unique_ptr<CRacewayIo> createParallelPort();
     static std::unique_ptr<CRacewayIo> createParallelPort(int baseAddress, int inputOffset, int outputOffset);
+    /** The chips of the IO-Warrior family: of the named kind, whatever device is attached. */
+    static std::unique_ptr<CRacewayIo> createIoWarrior24();
+    static std::unique_ptr<CRacewayIo> createIoWarrior40();
+    static std::unique_ptr<CRacewayIo> createIoWarrior28();
+    static std::unique_ptr<CRacewayIo> createIoWarrior56();
+    static std::unique_ptr<CRacewayIo> createIoWarrior100();
     static std::unique_ptr<CRacewayIo> createRaceControl();
     static std::unique_ptr<CRacewayIo> createCarreraCu();
     static std::unique_ptr<CRacewayIo> createLtAt2560();
@@ -22,6 +28,9 @@ public:
      * @return never null
      */
     static std::unique_ptr<CRacewayIo> createFromSettings(const QByteArray& blob);
+
+private:
+    static std::unique_ptr<CRacewayIo> createIoWarrior(int interfaceType);
 };
 
 #endif
