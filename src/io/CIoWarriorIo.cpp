@@ -69,7 +69,7 @@ void CIoWarriorIo::setOutput(int portId, bool on)
     if (isRunning())
         m_thread->queueOutput(levels, outputMask(portId));
     else
-        m_device->write(levels);
+        m_thread->writeOutput(levels, outputMask(portId));
 }
 
 int CIoWarriorIo::capturePortState(int portId)

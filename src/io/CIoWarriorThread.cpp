@@ -35,6 +35,14 @@ void CIoWarriorThread::queueOutput(int value, int mask)
     m_pending.mask |= mask;
 }
 
+void CIoWarriorThread::writeOutput(int value, int mask)
+{
+    m_device->write(value);
+    // The next read shows the pins that change, and only them: one of several outputs in a write
+    // may have its level already.
+    setLastValue(lastValue() ^ ((value ^ lastValue()) & mask));
+}
+
 void CIoWarriorThread::prepareRun()
 {
     takePending();
@@ -49,7 +57,10 @@ int CIoWarriorThread::readValue()
 
 void CIoWarriorThread::finishPass()
 {
-    writePending();
+    // Written out of the lock: a device that takes no report must not hold the main thread up.
+    const Output output = takePending();
+    if (output.value != 0)
+        writeOutput(output.value, output.mask);
     if (m_device->isAnswering())
         usleep(1);
     else
@@ -62,16 +73,4 @@ CIoWarriorThread::Output CIoWarriorThread::takePending()
     const Output output = m_pending;
     m_pending = {};
     return output;
-}
-
-void CIoWarriorThread::writePending()
-{
-    // Out of the lock: a device that doesn't take the report must not hold the main thread up.
-    const Output output = takePending();
-    if (output.value == 0)
-        return;
-    m_device->write(output.value);
-    // The next read shows the pins that change, and only them: one of several outputs in a write
-    // may have its level already.
-    setLastValue(lastValue() ^ ((output.value ^ lastValue()) & output.mask));
 }

@@ -32,6 +32,11 @@ public:
      * @param mask the pins that are meant, of which no change is reported
      */
     void queueOutput(int value, int mask);
+    /**
+     * Writes the pins at once, while the thread doesn't run. The next run doesn't report the change
+     * of those that are meant. Main thread.
+     */
+    void writeOutput(int value, int mask);
 
 protected:
     void prepareRun() override;
@@ -46,7 +51,6 @@ private:
     };
 
     Output takePending();
-    void writePending();
 
     CIoWarriorDevice* m_device;
     Output m_pending;

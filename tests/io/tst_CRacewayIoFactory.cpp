@@ -1,7 +1,9 @@
+#include "io/CIoWarriorIo.h"
 #include "io/CParallelPortIo.h"
 #include "io/CRacewayIoFactory.h"
 
 #include <QDataStream>
+#include <QLibrary>
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -16,6 +18,8 @@ private Q_SLOTS:
     void blobThatNamesNoInterfaceMakesAParallelPort_data();
     void blobThatNamesNoInterfaceMakesAParallelPort();
     void emptyBlobLeavesZerosInEveryField();
+    void ioWarriorWithoutItsLibraryIsQuiet_data();
+    void ioWarriorWithoutItsLibraryIsQuiet();
     void randomBlobsMakeAnInterfaceEachTime();
 };
 
@@ -91,6 +95,33 @@ void tst_CRacewayIoFactory::emptyBlobLeavesZerosInEveryField()
     const QByteArray blob = io->writeSettings();
     QCOMPARE(blob.size(), 291);
     QCOMPARE(blob, blobOfType(1) + QByteArray(287, '\0'));
+}
+
+void tst_CRacewayIoFactory::ioWarriorWithoutItsLibraryIsQuiet_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("IO-Warrior24") << 2;
+    QTest::newRow("IO-Warrior40") << 3;
+    QTest::newRow("IO-Warrior28") << 6;
+    QTest::newRow("IO-Warrior56") << 7;
+    QTest::newRow("IO-Warrior100") << 8;
+}
+
+void tst_CRacewayIoFactory::ioWarriorWithoutItsLibraryIsQuiet()
+{
+    if (QLibrary(QStringLiteral("iowkit")).load())
+        QSKIP("the library is installed here");
+    QFETCH(int, type);
+    const QByteArray blob = blobOfType(type) + QByteArray(275, '\xFF');
+    const auto io = CRacewayIoFactory::createFromSettings(blob);
+    QVERIFY(qobject_cast<CIoWarriorIo*>(io.get()));
+    QCOMPARE(io->interfaceType(), type);
+    QCOMPARE(io->sensorStates(), QBitArray(65));
+    QCOMPARE(io->capturePortState(1), -1);
+    io->setOutput(10, true);
+    io->start();
+    QVERIFY(!io->isRunning());
+    io->stop();
 }
 
 void tst_CRacewayIoFactory::randomBlobsMakeAnInterfaceEachTime()
