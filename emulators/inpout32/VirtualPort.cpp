@@ -1,10 +1,6 @@
 #include "VirtualPort.h"
 
 #include <atomic>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace {
 
@@ -25,8 +21,7 @@ short valueAtRest(unsigned short address)
 } // namespace
 
 /**
- * New shared memory is all zero bits. A register is kept as its difference from its value at rest,
- * so that zero bits are a port at rest and nobody has to be the first to fill it.
+ * A register is kept as its difference from its value at rest, so that zero bits are a port at rest.
  */
 struct VirtualPort::Memory
 {
@@ -39,26 +34,12 @@ struct VirtualPort::Memory
 
 std::string VirtualPort::defaultName()
 {
-    const char* name = std::getenv("TORNIK_VIRTUAL_PORT");
-    return name && *name ? name : "/tornik-virtual-port";
+    return SharedMemory::nameFrom("TORNIK_VIRTUAL_PORT", "/tornik-virtual-port");
 }
 
-VirtualPort::VirtualPort(const std::string& name) : m_memory(nullptr)
+VirtualPort::VirtualPort(const std::string& name)
+    : m_sharedMemory(name, sizeof(Memory)), m_memory(static_cast<Memory*>(m_sharedMemory.data()))
 {
-    const int descriptor = ::shm_open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (descriptor < 0)
-        return;
-    if (::ftruncate(descriptor, sizeof(Memory)) == 0) {
-        void* memory = ::mmap(nullptr, sizeof(Memory), PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
-        m_memory = memory == MAP_FAILED ? nullptr : static_cast<Memory*>(memory);
-    }
-    ::close(descriptor);
-}
-
-VirtualPort::~VirtualPort()
-{
-    if (m_memory)
-        ::munmap(m_memory, sizeof(Memory));
 }
 
 short VirtualPort::read(unsigned short address) const
@@ -126,5 +107,5 @@ void VirtualPort::countWrite()
 
 bool VirtualPort::remove(const std::string& name)
 {
-    return ::shm_unlink(name.c_str()) == 0;
+    return SharedMemory::remove(name);
 }

@@ -1,6 +1,8 @@
 #ifndef TORNIK_EMULATORS_VIRTUALPORT_H
 #define TORNIK_EMULATORS_VIRTUALPORT_H
 
+#include "support/SharedMemory.h"
+
 #include <string>
 
 /**
@@ -21,9 +23,6 @@ public:
 
     /** Opens the shared memory of that name, and makes it if there is none. */
     explicit VirtualPort(const std::string& name = defaultName());
-    ~VirtualPort();
-    VirtualPort(const VirtualPort&) = delete;
-    VirtualPort& operator=(const VirtualPort&) = delete;
 
     /** @return false where the shared memory can't be had: all registers read 255 then. */
     bool isOpen() const { return m_memory != nullptr; }
@@ -49,6 +48,7 @@ private:
     template <typename Function>
     void change(unsigned short address, Function function);
 
+    SharedMemory m_sharedMemory;
     Memory* m_memory;
 };
 

@@ -1,0 +1,151 @@
+/**
+ * Stand-in for the vendor's library `iowkit`: the six entries that the program looks up, on a
+ * virtual chip. An answer takes as long as that of the chip; a call without a chip does nothing.
+ */
+#include "VirtualIoWarrior.h"
+
+#include <algorithm>
+#include <chrono>
+#include <deque>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr unsigned long PinPipe = 0;
+constexpr unsigned long SpecialPipe = 1;
+constexpr auto LongestSleep = std::chrono::milliseconds(1);
+
+/** What a handle stands for: one chip, until it is unplugged. */
+class Connection
+{
+public:
+    Connection() : m_plugging(m_chip.plugging()) {}
+
+    bool isAlive() const { return m_chip.isPlugged() && m_chip.plugging() == m_plugging; }
+
+    unsigned long productId() const { return isAlive() ? m_chip.kind().productId : 0; }
+
+    void setWriteTimeout(unsigned long milliseconds) { m_chip.setWriteTimeout(unsigned(milliseconds)); }
+
+    unsigned long write(unsigned long pipe, const char* report, unsigned long size)
+    {
+        if (isAlive() && pipe == PinPipe && m_chip.takePins(report, size))
+            return size;
+        if (isAlive() && pipe == SpecialPipe && m_chip.isQuestion(report, size)) {
+            ask();
+            return size;
+        }
+        m_chip.add(VirtualIoWarrior::Refused);
+        return 0;
+    }
+
+    /** Waits for the answer to the oldest question. */
+    unsigned long read(unsigned long pipe, char* report, unsigned long size)
+    {
+        Clock::time_point due;
+        if (!isAlive() || pipe != SpecialPipe || !takeQuestion(&due) || !waitUntil(due)) {
+            m_chip.add(VirtualIoWarrior::Refused);
+            return 0;
+        }
+        return m_chip.answer(report, size);
+    }
+
+private:
+    void ask()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const Clock::time_point begin = m_due.empty() ? Clock::now() : m_due.back();
+        m_due.push_back(begin + std::chrono::milliseconds(m_chip.kind().answerMilliseconds));
+        m_chip.add(VirtualIoWarrior::Asked);
+    }
+
+    bool takeQuestion(Clock::time_point* due)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_due.empty())
+            return false;
+        *due = m_due.front();
+        m_due.pop_front();
+        return true;
+    }
+
+    /** @return false for a chip that is unplugged meanwhile. */
+    bool waitUntil(Clock::time_point due)
+    {
+        bool held = false;
+        while (isAlive()) {
+            const bool silent = m_chip.isSilent();
+            const Clock::time_point now = Clock::now();
+            if (!silent && now >= due)
+                return true;
+            if (silent && !held)
+                m_chip.add(VirtualIoWarrior::Held);
+            held = held || silent;
+            std::this_thread::sleep_until(silent ? now + LongestSleep : std::min(now + LongestSleep, due));
+        }
+        return false;
+    }
+
+    VirtualIoWarrior m_chip;
+    unsigned m_plugging;
+    std::deque<Clock::time_point> m_due; ///< when each question heard is answered
+    std::mutex m_mutex;                  ///< guards m_due
+};
+
+Connection* connection(void* handle)
+{
+    if (!handle)
+        VirtualIoWarrior().add(VirtualIoWarrior::Refused);
+    return static_cast<Connection*>(handle);
+}
+
+} // namespace
+
+extern "C" {
+
+void* IowKitOpenDevice()
+{
+    VirtualIoWarrior chip;
+    if (!chip.isPlugged())
+        return nullptr;
+    chip.add(VirtualIoWarrior::Opened);
+    return new Connection; // freed by IowKitCloseDevice()
+}
+
+void IowKitCloseDevice(void* handle)
+{
+    if (handle)
+        VirtualIoWarrior().add(VirtualIoWarrior::Closed);
+    delete static_cast<Connection*>(handle);
+}
+
+unsigned long IowKitRead(void* handle, unsigned long pipe, char* report, unsigned long size)
+{
+    Connection* chip = connection(handle);
+    return chip ? chip->read(pipe, report, size) : 0;
+}
+
+unsigned long IowKitWrite(void* handle, unsigned long pipe, char* report, unsigned long size)
+{
+    Connection* chip = connection(handle);
+    return chip ? chip->write(pipe, report, size) : 0;
+}
+
+unsigned long IowKitGetProductId(void* handle)
+{
+    Connection* chip = connection(handle);
+    return chip ? chip->productId() : 0;
+}
+
+int IowKitSetWriteTimeout(void* handle, unsigned long milliseconds)
+{
+    Connection* chip = connection(handle);
+    if (chip)
+        chip->setWriteTimeout(milliseconds);
+    return chip ? 1 : 0;
+}
+
+} // extern "C"
