@@ -25,9 +25,10 @@ constexpr VirtualIoWarrior::Kind Family[] = {
 const VirtualIoWarrior::Kind* findKind(unsigned productId)
 {
     const auto* end = std::end(Family);
-    const auto* kind = std::find_if(std::begin(Family), end, [productId](const VirtualIoWarrior::Kind& other) {
-        return other.productId == productId;
-    });
+    const auto* kind =
+        std::find_if(std::begin(Family), end, [productId](const VirtualIoWarrior::Kind& other) {
+            return other.productId == productId;
+        });
     return kind == end ? nullptr : kind;
 }
 

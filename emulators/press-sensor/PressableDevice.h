@@ -40,7 +40,10 @@ public:
 
 private:
     unsigned short status() const { return static_cast<unsigned short>(m_base + 1); }
-    quint32 readByte(int offset) const { return m_port.read(static_cast<unsigned short>(m_base + offset)) & 0xFF; }
+    quint32 readByte(int offset) const
+    {
+        return m_port.read(static_cast<unsigned short>(m_base + offset)) & 0xFF;
+    }
 
     VirtualPort m_port;
     unsigned short m_base;

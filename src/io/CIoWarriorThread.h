@@ -1,7 +1,7 @@
 #ifndef TORNIK_IO_CIOWARRIORTHREAD_H
 #define TORNIK_IO_CIOWARRIORTHREAD_H
 
-#include "io/CReadingThread.h"
+#include "io/CLevelThread.h"
 
 #include <QMutex>
 
@@ -12,7 +12,7 @@ class CIoWarriorDevice;
  * it, so that it can tell the pins that the program switched from those that a sensor switched.
  * Owned by CIoWarriorIo.
  */
-class CIoWarriorThread : public CReadingThread
+class CIoWarriorThread : public CLevelThread
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     ~CIoWarriorThread() override;
 
     /** @param target gets the events; not owned; must be set before start() */
-    using CReadingThread::setTarget;
+    using CLevelThread::setTarget;
 
     /**
      * Has the pins written between two reads. What still waits then goes into the same write. Never

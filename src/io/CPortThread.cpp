@@ -2,7 +2,7 @@
 
 #include "io/CInpOutLibrary.h"
 
-CPortThread::CPortThread(QObject* target) : CReadingThread(target), m_library(CInpOutLibrary::instance())
+CPortThread::CPortThread(QObject* target) : CLevelThread(target), m_library(CInpOutLibrary::instance())
 {
     setLastValue(m_library->readPort());
 }

@@ -1,12 +1,12 @@
 #ifndef TORNIK_IO_CPORTTHREAD_H
 #define TORNIK_IO_CPORTTHREAD_H
 
-#include "io/CReadingThread.h"
+#include "io/CLevelThread.h"
 
 class CInpOutLibrary;
 
 /** Reads the input register of the parallel port. Owned by CParallelPortIo. */
-class CPortThread : public CReadingThread
+class CPortThread : public CLevelThread
 {
 public:
     /**

@@ -3,7 +3,6 @@
 #include "io/CRacewayIoEvent.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
 void CReadingThread::start()
 {
@@ -23,15 +22,13 @@ void CReadingThread::stopAndWait()
     wait();
 }
 
+void CReadingThread::post(int value, int time)
+{
+    QCoreApplication::postEvent(m_target, new CRacewayIoEvent(value, time));
+}
+
 void CReadingThread::run()
 {
-    QElapsedTimer clock;
-    clock.start();
-    while (!m_stopRequested) {
-        const int value = readValue();
-        if (value != m_lastValue)
-            QCoreApplication::postEvent(m_target, new CRacewayIoEvent(value, int(clock.elapsed())));
-        m_lastValue = value;
-        finishPass();
-    }
+    while (!m_stopRequested)
+        pass();
 }

@@ -291,8 +291,7 @@ void tst_CIoWarriorThread::outputWithoutAMaskIsWritten()
     QCOMPARE(m_sink->values, QList<quint32>());
 }
 
-void tst_CIoWarriorThread::
-    sensorThatChangesInTheSamePassAsAQueuedWriteIsReportedOutsideThePendingMask()
+void tst_CIoWarriorThread::sensorThatChangesInTheSamePassAsAQueuedWriteIsReportedOutsideThePendingMask()
 {
     start();
     for (quint32 sensor = 0x100; sensor <= 0x8000; sensor <<= 1) {

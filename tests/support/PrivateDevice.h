@@ -22,8 +22,8 @@ public:
 private:
     static std::string makeName(const char* variable)
     {
-        const std::string name = "/" + std::string(variable) + "-" +
-                                 std::to_string(QCoreApplication::applicationPid());
+        const std::string name =
+            "/" + std::string(variable) + "-" + std::to_string(QCoreApplication::applicationPid());
         qputenv(variable, QByteArray::fromStdString(name));
         Device::remove(name);
         return name;
