@@ -49,11 +49,13 @@ struct VirtualIoWarrior::Memory
     std::atomic<unsigned> productDifference;
     std::atomic<unsigned> unplugged;
     std::atomic<unsigned> silent;
+    std::atomic<unsigned> held;
     std::atomic<unsigned> plugging;
     std::atomic<std::uint32_t> pulledLow;
     std::atomic<std::uint32_t> writtenLow;
     std::atomic<std::uint64_t> writtenLowAbove;
     std::atomic<unsigned> writeTimeout;
+    std::atomic<unsigned> readTimeout;
     std::atomic<unsigned> counts[HappeningCount];
 
     static_assert(std::atomic<std::uint64_t>::is_always_lock_free, "a lock would not be shared");
@@ -83,7 +85,9 @@ bool VirtualIoWarrior::plug(unsigned productId)
     m_memory->writtenLow = 0;
     m_memory->writtenLowAbove = 0;
     m_memory->writeTimeout = 0;
+    m_memory->readTimeout = 0;
     m_memory->silent = 0;
+    m_memory->held = 0;
     ++m_memory->plugging;
     m_memory->unplugged = 0;
     return true;
@@ -119,6 +123,12 @@ void VirtualIoWarrior::flip(std::uint32_t pins)
         m_memory->pulledLow ^= pins;
 }
 
+void VirtualIoWarrior::setHeld(bool held)
+{
+    if (m_memory)
+        m_memory->held = held;
+}
+
 bool VirtualIoWarrior::isPlugged() const
 {
     return m_memory && m_memory->unplugged == 0;
@@ -127,6 +137,11 @@ bool VirtualIoWarrior::isPlugged() const
 bool VirtualIoWarrior::isSilent() const
 {
     return m_memory && m_memory->silent != 0;
+}
+
+bool VirtualIoWarrior::isHeld() const
+{
+    return m_memory && m_memory->held != 0;
 }
 
 unsigned VirtualIoWarrior::plugging() const
@@ -206,4 +221,15 @@ void VirtualIoWarrior::setWriteTimeout(unsigned milliseconds)
 {
     if (m_memory)
         m_memory->writeTimeout = milliseconds;
+}
+
+unsigned VirtualIoWarrior::readTimeout() const
+{
+    return m_memory ? m_memory->readTimeout.load() : 0;
+}
+
+void VirtualIoWarrior::setReadTimeout(unsigned milliseconds)
+{
+    if (m_memory)
+        m_memory->readTimeout = milliseconds;
 }

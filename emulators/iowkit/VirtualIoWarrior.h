@@ -45,8 +45,10 @@ public:
     /** Plugs a chip in, fresh from the shop. @return false for a product id out of the family */
     bool plug(unsigned productId);
     void unplug();
-    /** A chip that hears but doesn't answer, until it is allowed to. */
+    /** A chip that hears but doesn't answer; what it heard meanwhile is lost. */
     void setSilent(bool silent);
+    /** Holds each answer back, and with it the time-out, until it is let go. */
+    void setHeld(bool held);
 
     void pullLow(std::uint32_t pins);
     void letGo(std::uint32_t pins);
@@ -56,6 +58,7 @@ public:
 
     bool isPlugged() const;
     bool isSilent() const;
+    bool isHeld() const;
     /** How often a chip has been plugged in; one that was unplugged doesn't come back. */
     unsigned plugging() const;
     Kind kind() const;
@@ -80,7 +83,7 @@ public:
         Opened,   ///< a handle was given
         Closed,   ///< a handle was given back
         Asked,    ///< a question was heard
-        Held,     ///< its answer was awaited, and the chip was silent
+        Held,     ///< its answer was awaited, and it was held back
         Answered, ///< its answer was taken
         Written,  ///< the pins were set
         Refused,  ///< a call without a chip, or with a wrong report
@@ -92,6 +95,9 @@ public:
     /** @return milliseconds, as the program has set them last; 0 for a fresh chip. */
     unsigned writeTimeout() const;
     void setWriteTimeout(unsigned milliseconds);
+    /** The same for reading; 0 waits for ever. */
+    unsigned readTimeout() const;
+    void setReadTimeout(unsigned milliseconds);
 
     /** Removes the name; processes that have it open keep their memory. */
     static bool remove(const std::string& name = defaultName());

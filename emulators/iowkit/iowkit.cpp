@@ -1,6 +1,6 @@
 /**
- * Stand-in for the vendor's library `iowkit`: the six entries that the program looks up, on a
- * virtual chip. An answer takes as long as that of the chip; a call without a chip does nothing.
+ * Stand-in for the vendor's library `iowkit`: the entries that the program looks up, on a virtual
+ * chip. An answer takes as long as that of the chip; a call without a chip does nothing.
  */
 #include "VirtualIoWarrior.h"
 
@@ -29,6 +29,7 @@ public:
     unsigned long productId() const { return isAlive() ? m_chip.kind().productId : 0; }
 
     void setWriteTimeout(unsigned long milliseconds) { m_chip.setWriteTimeout(unsigned(milliseconds)); }
+    void setReadTimeout(unsigned long milliseconds) { m_chip.setReadTimeout(unsigned(milliseconds)); }
 
     unsigned long write(unsigned long pipe, const char* report, unsigned long size)
     {
@@ -42,51 +43,60 @@ public:
         return 0;
     }
 
-    /** Waits for the answer to the oldest question. */
+    /** Waits for the answer to the oldest question, as long as the read time-out. */
     unsigned long read(unsigned long pipe, char* report, unsigned long size)
     {
-        Clock::time_point due;
-        if (!isAlive() || pipe != SpecialPipe || !takeQuestion(&due) || !waitUntil(due)) {
-            m_chip.add(VirtualIoWarrior::Refused);
-            return 0;
-        }
-        return m_chip.answer(report, size);
+        if (pipe == SpecialPipe && waitForAnswer())
+            return m_chip.answer(report, size);
+        m_chip.add(VirtualIoWarrior::Refused);
+        return 0;
     }
 
 private:
+    /** Hears a question; a silent chip forgets it. */
     void ask()
     {
+        m_chip.add(VirtualIoWarrior::Asked);
+        if (m_chip.isSilent())
+            return;
         const std::lock_guard<std::mutex> lock(m_mutex);
         const Clock::time_point begin = m_due.empty() ? Clock::now() : m_due.back();
         m_due.push_back(begin + std::chrono::milliseconds(m_chip.kind().answerMilliseconds));
-        m_chip.add(VirtualIoWarrior::Asked);
     }
 
-    bool takeQuestion(Clock::time_point* due)
+    /** @return false when the time is up, or the chip was unplugged. */
+    bool waitForAnswer()
+    {
+        const Clock::time_point end = Clock::now() + std::chrono::milliseconds(m_chip.readTimeout());
+        bool held = false;
+        while (isAlive()) {
+            const bool holding = m_chip.isHeld();
+            if (holding && !held)
+                m_chip.add(VirtualIoWarrior::Held);
+            held = held || holding;
+            if (!holding && takeDue())
+                return true;
+            if (!holding && m_chip.readTimeout() > 0 && Clock::now() >= end)
+                return false;
+            std::this_thread::sleep_until(std::min(Clock::now() + LongestSleep, nextDue()));
+        }
+        return false;
+    }
+
+    /** @return whether an answer is due; it is taken then. */
+    bool takeDue()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_due.empty())
+        if (m_due.empty() || Clock::now() < m_due.front())
             return false;
-        *due = m_due.front();
         m_due.pop_front();
         return true;
     }
 
-    /** @return false for a chip that is unplugged meanwhile. */
-    bool waitUntil(Clock::time_point due)
+    Clock::time_point nextDue()
     {
-        bool held = false;
-        while (isAlive()) {
-            const bool silent = m_chip.isSilent();
-            const Clock::time_point now = Clock::now();
-            if (!silent && now >= due)
-                return true;
-            if (silent && !held)
-                m_chip.add(VirtualIoWarrior::Held);
-            held = held || silent;
-            std::this_thread::sleep_until(silent ? now + LongestSleep : std::min(now + LongestSleep, due));
-        }
-        return false;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_due.empty() || m_due.front() < Clock::now() ? Clock::time_point::max() : m_due.front();
     }
 
     VirtualIoWarrior m_chip;
@@ -138,6 +148,14 @@ unsigned long IowKitGetProductId(void* handle)
 {
     Connection* chip = connection(handle);
     return chip ? chip->productId() : 0;
+}
+
+int IowKitSetTimeout(void* handle, unsigned long milliseconds)
+{
+    Connection* chip = connection(handle);
+    if (chip)
+        chip->setReadTimeout(milliseconds);
+    return chip ? 1 : 0;
 }
 
 int IowKitSetWriteTimeout(void* handle, unsigned long milliseconds)

@@ -14,6 +14,7 @@ constexpr int SpecialPipe = 1;
 constexpr char PinReportId = 0;
 constexpr char SpecialReportId = char(0xFF);
 constexpr int WriteTimeout = 1000; // milliseconds
+constexpr int ReadTimeout = 1000;  // milliseconds
 constexpr int AllPinsHigh = -1;
 constexpr std::size_t ReportCapacity = 64;
 
@@ -75,7 +76,9 @@ void CIoWarriorDevice::release()
 CIoWarriorDevice::CIoWarriorDevice()
     : m_handle(m_library.openDevice()), m_productId(m_handle ? m_library.productId(m_handle) : 0)
 {
-    write(AllPinsHigh); // so that they can act as inputs
+    if (m_handle)
+        m_library.setReadTimeout(m_handle, ReadTimeout); // a lost answer must not end the reading
+    write(AllPinsHigh);                                  // so that they can act as inputs
 }
 
 CIoWarriorDevice::~CIoWarriorDevice()

@@ -2,14 +2,14 @@
 
 #include "io/IoLog.h"
 
-CIowKit::CIowKit(const QString& fileName) : m_library(fileName)
+CIowKit::CIowKit(const QString& fileName)
+    : m_library(fileName),
+      m_loaded(resolve(&m_openDevice, "IowKitOpenDevice") && resolve(&m_closeDevice, "IowKitCloseDevice") &&
+               resolve(&m_read, "IowKitRead") && resolve(&m_write, "IowKitWrite") &&
+               resolve(&m_getProductId, "IowKitGetProductId") &&
+               resolve(&m_setWriteTimeout, "IowKitSetWriteTimeout"))
 {
-    resolve(&m_openDevice, "IowKitOpenDevice");
-    resolve(&m_closeDevice, "IowKitCloseDevice");
-    resolve(&m_read, "IowKitRead");
-    resolve(&m_write, "IowKitWrite");
-    resolve(&m_getProductId, "IowKitGetProductId");
-    resolve(&m_setWriteTimeout, "IowKitSetWriteTimeout");
+    resolve(&m_setReadTimeout, "IowKitSetTimeout");
     if (!m_loaded)
         qCDebug(ioLog) << "no usable library" << fileName;
 }
@@ -40,6 +40,12 @@ void CIowKit::setWriteTimeout(void* handle, int timeout)
 {
     if (m_loaded)
         m_setWriteTimeout(handle, Number(timeout));
+}
+
+void CIowKit::setReadTimeout(void* handle, int timeout)
+{
+    if (m_loaded && m_setReadTimeout)
+        m_setReadTimeout(handle, Number(timeout));
 }
 
 quint32 CIowKit::productId(void* handle)

@@ -22,31 +22,34 @@ public:
     /** @return the handle of the first device, null if there is none. */
     void* openDevice();
     void closeDevice(void* handle);
-    /** Waits for one report. @return its size in bytes; 0 for none */
+    /** Waits for one report, as long as the read time-out. @return its size in bytes; 0 for none */
     quint32 read(void* handle, int pipe, char* report, int size);
     void write(void* handle, int pipe, char* report, int size);
     /** @param timeout milliseconds after which write() leaves a device that takes no report */
     void setWriteTimeout(void* handle, int timeout);
+    /** As setWriteTimeout(), for read(). A library without this entry waits as long as it likes. */
+    void setReadTimeout(void* handle, int timeout);
     quint32 productId(void* handle);
 
 private:
     using Number = unsigned long; ///< as wide as the vendor's ULONG
 
     template <typename Entry>
-    void resolve(Entry* entry, const char* name)
+    bool resolve(Entry* entry, const char* name)
     {
         *entry = reinterpret_cast<Entry>(m_library.resolve(name));
-        m_loaded = m_loaded && *entry;
+        return *entry;
     }
 
     QLibrary m_library;
-    bool m_loaded = true;
     void* (*m_openDevice)() = nullptr;
     void (*m_closeDevice)(void* handle) = nullptr;
     Number (*m_read)(void* handle, Number pipe, char* report, Number size) = nullptr;
     Number (*m_write)(void* handle, Number pipe, char* report, Number size) = nullptr;
     Number (*m_getProductId)(void* handle) = nullptr;
     int (*m_setWriteTimeout)(void* handle, Number timeout) = nullptr;
+    int (*m_setReadTimeout)(void* handle, Number timeout) = nullptr; ///< null where there is none
+    bool m_loaded;
 };
 
 #endif

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void pulledCableGivesTheLastValue();
     void cableThatIsPulledBeforeTheFirstAnswerReadsAllPinsHigh();
     void cablePulledDuringAReadEndsIt();
+    void lostAnswerEndsTheReadAfterASecond();
     void devicePluggedInLaterIsFoundByANewObject();
     void deviceThatCameBackIsFoundByANewObject();
 
@@ -298,7 +299,7 @@ void tst_CIoWarriorDevice::cablePulledDuringAReadEndsIt()
 {
     CIoWarriorDevice& device = open();
     const unsigned held = m_chip->count(VirtualIoWarrior::Held);
-    (*m_chip)->setSilent(true);
+    (*m_chip)->setHeld(true);
     std::atomic<int> value{0};
     const std::unique_ptr<QThread> reader(QThread::create([&] { value = device.read(); }));
     reader->start();
@@ -307,6 +308,21 @@ void tst_CIoWarriorDevice::cablePulledDuringAReadEndsIt()
     (*m_chip)->unplug();
     QVERIFY(reader->wait());
     QCOMPARE(value.load(), -1);
+}
+
+void tst_CIoWarriorDevice::lostAnswerEndsTheReadAfterASecond()
+{
+    CIoWarriorDevice& device = open();
+    QCOMPARE((*m_chip)->readTimeout(), 1000U);
+    (*m_chip)->pullLow(2);
+    QCOMPARE(device.read(), ~2);
+    (*m_chip)->setSilent(true);
+    (*m_chip)->letGo(2);
+    QCOMPARE(device.read(), ~2);
+    QVERIFY(!device.isAnswering());
+    (*m_chip)->setSilent(false);
+    QCOMPARE(device.read(), -1);
+    QVERIFY(device.isAnswering());
 }
 
 void tst_CIoWarriorDevice::devicePluggedInLaterIsFoundByANewObject()

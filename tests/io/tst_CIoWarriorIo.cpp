@@ -70,7 +70,7 @@ private Q_SLOTS:
     void stopReturnsAtOnceAndTheThreadEnds();
     void deletingARunningInterfaceEndsItsThread();
     void outputsAfterThePulledCableAreHarmless();
-    void silentChipDoesNotHoldTheMainThreadUp();
+    void chipThatAnswersLateDoesNotHoldTheMainThreadUp();
     void secondInterfaceMayBeMadeWhileTheFirstOneReads();
 
 private:
@@ -98,7 +98,7 @@ void tst_CIoWarriorIo::init()
 
 void tst_CIoWarriorIo::cleanup()
 {
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     m_io.reset();
     m_sink.reset();
 }
@@ -428,13 +428,13 @@ void tst_CIoWarriorIo::outputsWhileTheThreadRunsAreWrittenByTheThread()
     m_io->setPortState(11, 0x02, false);
     startAndRead();
     const unsigned held = count(VirtualIoWarrior::Held);
-    (*m_chip)->setSilent(true);
+    (*m_chip)->setHeld(true);
     QTRY_COMPARE(count(VirtualIoWarrior::Held), held + 1);
     const unsigned written = count(VirtualIoWarrior::Written);
     m_io->setOutput(10, false);
     m_io->setOutput(11, false);
     QCOMPARE(count(VirtualIoWarrior::Written), written);
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x03U);
     letTheThreadRead();
     QCOMPARE(count(VirtualIoWarrior::Written), written + 1);
@@ -516,11 +516,11 @@ void tst_CIoWarriorIo::stopReturnsAtOnceAndTheThreadEnds()
 {
     startAndRead();
     const unsigned held = count(VirtualIoWarrior::Held);
-    (*m_chip)->setSilent(true);
+    (*m_chip)->setHeld(true);
     QTRY_COMPARE(count(VirtualIoWarrior::Held), held + 1);
     m_io->stop();
     QVERIFY(m_io->isRunning());
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_VERIFY(!m_io->isRunning());
 }
 
@@ -547,12 +547,12 @@ void tst_CIoWarriorIo::outputsAfterThePulledCableAreHarmless()
     QCOMPARE(m_sink->events.size(), 0);
 }
 
-void tst_CIoWarriorIo::silentChipDoesNotHoldTheMainThreadUp()
+void tst_CIoWarriorIo::chipThatAnswersLateDoesNotHoldTheMainThreadUp()
 {
     m_io->setPortState(10, 1, false);
     startAndRead();
     const unsigned held = count(VirtualIoWarrior::Held);
-    (*m_chip)->setSilent(true);
+    (*m_chip)->setHeld(true);
     QTRY_COMPARE(count(VirtualIoWarrior::Held), held + 1);
     for (int change = 0; change < 50; ++change)
         m_io->setOutput(10, change % 2 == 0);

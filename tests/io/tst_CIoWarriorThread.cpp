@@ -94,7 +94,7 @@ void tst_CIoWarriorThread::init()
 
 void tst_CIoWarriorThread::cleanup()
 {
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     m_thread.reset();
     m_sink.reset();
 }
@@ -109,7 +109,7 @@ void tst_CIoWarriorThread::letTheThreadRead()
 void tst_CIoWarriorThread::holdTheThread()
 {
     const unsigned held = m_chip->count(VirtualIoWarrior::Held);
-    (*m_chip)->setSilent(true);
+    (*m_chip)->setHeld(true);
     QTRY_COMPARE(m_chip->count(VirtualIoWarrior::Held), held + 1);
 }
 
@@ -209,7 +209,7 @@ void tst_CIoWarriorThread::severalOutputsOfWhichOneHasItsLevelAlreadyPostNoEvent
     m_thread->queueOutput(-1, 0x01); // stays as it is
     m_thread->queueOutput(~0x02, 0x02);
     m_thread->queueOutput(~0x02, 0x04); // stays as it is
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x02U);
     letTheThreadRead();
     QCOMPARE(m_sink->values, QList<quint32>());
@@ -223,7 +223,7 @@ void tst_CIoWarriorThread::twoOutputsForDifferentBitsBetweenTwoPassesArriveInOne
     m_thread->queueOutput(~0x01, 0x01);
     m_thread->queueOutput(~0x03, 0x02);
     QCOMPARE(writes(), before);
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x03U);
     letTheThreadRead();
     QCOMPARE(writes(), before + 1);
@@ -237,7 +237,7 @@ void tst_CIoWarriorThread::lastOfTwoOutputsForTheSameBitWins()
     m_thread->queueOutput(~0x08, 0x08);
     m_thread->queueOutput(-1, 0x08);
     m_thread->queueOutput(~0x08, 0x08);
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x08U);
     letTheThreadRead();
     QCOMPARE(m_sink->values, QList<quint32>());
@@ -250,7 +250,7 @@ void tst_CIoWarriorThread::repeatedOutputChangesNothing()
     m_thread->queueOutput(~0x08, 0x08);
     m_thread->queueOutput(~0x08, 0x08);
     m_thread->queueOutput(~0x08, 0x08);
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x08U);
 }
 
@@ -261,7 +261,7 @@ void tst_CIoWarriorThread::outputWithSeveralBitsFlipsAllOfThem()
     m_thread->queueOutput(~0x01, 0x01);
     // Of the two pins only one has another level than in the output that waits; both are flipped.
     m_thread->queueOutput(~0x03, 0x03);
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x02U);
     letTheThreadRead();
     QCOMPARE(m_sink->values, QList<quint32>());
@@ -300,7 +300,7 @@ void tst_CIoWarriorThread::sensorThatChangesInTheSamePassAsAQueuedWriteIsReporte
         m_sink->values.clear();
         m_thread->queueOutput(~0x01, 0x01);
         (*m_chip)->pullLow(sensor);
-        (*m_chip)->setSilent(false);
+        (*m_chip)->setHeld(false);
         QTRY_COMPARE((*m_chip)->written(), ~0x01U);
         letTheThreadRead();
         QCOMPARE(m_sink->values, QList<quint32>{~sensor});
@@ -309,7 +309,7 @@ void tst_CIoWarriorThread::sensorThatChangesInTheSamePassAsAQueuedWriteIsReporte
         m_sink->values.clear();
         m_thread->queueOutput(-1, 0x01);
         (*m_chip)->letGo(sensor);
-        (*m_chip)->setSilent(false);
+        (*m_chip)->setHeld(false);
         QTRY_COMPARE((*m_chip)->written(), ~0U);
         letTheThreadRead();
         QCOMPARE(m_sink->values, QList<quint32>{~0x01U});
@@ -374,7 +374,7 @@ void tst_CIoWarriorThread::secondStartIsHarmless()
     holdTheThread();
     m_thread->queueOutput(~0x01, 0x01);
     m_thread->start();
-    (*m_chip)->setSilent(false);
+    (*m_chip)->setHeld(false);
     QTRY_COMPARE((*m_chip)->written(), ~0x01U);
     (*m_chip)->pullLow(2);
     QTRY_COMPARE(m_sink->values.size(), 1);
