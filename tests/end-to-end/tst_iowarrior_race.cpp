@@ -21,8 +21,8 @@ enum Pin
 {
     Lap = 0, ///< and the next one
     ChaosButton = 2,
-    Power = 8,     ///< and the next one
-    RedLamp = 10,  ///< and the next four
+    Power = 8,    ///< and the next one
+    RedLamp = 10, ///< and the next four
     GreenLamp = 15,
     ChaosSignal = 31
 };
@@ -160,7 +160,8 @@ QString tst_iowarrior_race::outputs()
                   letters(written, Power, Tracks), (written & bit(ChaosSignal)) == 0);
 }
 
-QString tst_iowarrior_race::output(const QString& redLamps, bool green, const QString& power, bool chaos) const
+QString tst_iowarrior_race::output(const QString& redLamps, bool green, const QString& power,
+                                   bool chaos) const
 {
     return QStringLiteral("red %1 green %2 power %3 chaos %4")
         .arg(redLamps, green ? "on" : "off", power, chaos ? "on" : "off");
