@@ -11,6 +11,8 @@
 namespace {
 
 const char* const RedLabel = "QLabel {color: red}";
+constexpr int MessageLines = 4;   ///< of the longest result of a race...
+constexpr int MessageDigits = 40; ///< ...at this width
 
 void makeBold(QLabel* label)
 {
@@ -69,6 +71,7 @@ void CInfoFrame::setRaceTime(const QString& time)
 void CInfoFrame::setAdditionalInfo(const QString& text)
 {
     m_additionalInfo->setText(text);
+    m_additionalInfo->setMinimumWidth(m_additionalInfo->minimumSizeHint().width()); // the longest word
     m_additionalInfoCaption->setVisible(!text.isEmpty());
 }
 
@@ -98,7 +101,20 @@ void CInfoFrame::addAdditionalInfoRow()
     m_additionalInfo->setWordWrap(true);
     m_additionalInfo->setMinimumHeight(27);
     addRow(5, m_additionalInfoCaption, m_additionalInfo);
+    keepRoomForAMessage();
     connect(m_additionalInfo, &CClickableLabel::clicked, this, &CInfoFrame::additionalInfoClicked);
+}
+
+/** A message neither widens the box nor makes it higher, so that the clock above it stays where it is. */
+void CInfoFrame::keepRoomForAMessage()
+{
+    const QFontMetrics metrics = m_additionalInfo->fontMetrics();
+    m_additionalInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_additionalInfo->setAlignment(Qt::AlignTop);
+    m_gridLayout->addItem(new QSpacerItem(MessageDigits * metrics.horizontalAdvance('0'),
+                                          MessageLines * metrics.lineSpacing(), QSizePolicy::Preferred,
+                                          QSizePolicy::Preferred),
+                          5, 1);
 }
 
 QString CInfoFrame::startText() const

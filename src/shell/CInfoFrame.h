@@ -39,6 +39,7 @@ private Q_SLOTS:
 private:
     QLabel* addRow(int row, QLabel* caption, QLabel* value);
     void addAdditionalInfoRow();
+    void keepRoomForAMessage();
     QString startText() const;
     QString endText() const;
     static QString lapLimitText(int laps);

@@ -161,6 +161,31 @@ private Q_SLOTS:
         }
     }
 
+    void messageLeavesTheBoxAsLargeAsItIs()
+    {
+        CInfoFrame frame;
+        const QSize without = frame.sizeHint();
+        frame.setAdditionalInfo(QStringLiteral("Rennen wurde beendet"));
+        QCOMPARE(frame.sizeHint(), without);
+        frame.setAdditionalInfo(
+            QStringLiteral("Fahrer 1 hat mit einer max. Abweichung von 00:00:443 gewonnen. Die schnellste "
+                           "Rundenzeit war 00:08:088, die langsamste 00:08:531."));
+        QCOMPARE(frame.sizeHint(), without);
+    }
+
+    void longWordOfAMessageIsShownWhole()
+    {
+        CInfoFrame frame;
+        const QString word(100, QLatin1Char('W'));
+        frame.setAdditionalInfo(word);
+        frame.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&frame));
+        const QLabel* label = cell(frame, 5, 1);
+        QTRY_VERIFY(label->width() >= label->fontMetrics().horizontalAdvance(word));
+        frame.setAdditionalInfo(QStringLiteral("Rennen beendet"));
+        QVERIFY(frame.minimumSizeHint().width() < label->fontMetrics().horizontalAdvance(word));
+    }
+
     void clickOnTheRedRowTellsIt()
     {
         CInfoFrame frame;

@@ -119,7 +119,7 @@ QRect rectOnDialog(const QWidget* widget, const QWidget* dialog)
     return {widget->mapTo(const_cast<QWidget*>(dialog), QPoint(0, 0)), widget->size()};
 }
 
-/** @return where the figures of all tracks stand, by track and label. */
+/** @return where the clock and the figures of all tracks stand, by track and label. */
 QMap<QString, QRect> placesOfFigures(const CKelmoMainDialog& dialog)
 {
     QMap<QString, QRect> places;
@@ -129,6 +129,8 @@ QMap<QString, QRect> placesOfFigures(const CKelmoMainDialog& dialog)
                 places[panel->objectName() + ' ' + label->objectName()] = rectOnDialog(label, &dialog);
         }
     }
+    const auto* clock = dialog.findChild<QLabel*>("raceTime");
+    places["clock"] = QRect(rectOnDialog(clock, &dialog).topLeft(), QSize()); // its text begins there
     return places;
 }
 
