@@ -1,0 +1,3 @@
+#include "wizard/CPortStatusWidgetBase.h"
+
+CPortStatusWidgetBase::CPortStatusWidgetBase(QWidget* parent) : QWidget(parent) {}
