@@ -63,7 +63,8 @@ private:
 class StampSink : public QObject
 {
 public:
-    explicit StampSink(const Input& input) : stamps(std::size_t(input.changes), -1), m_numberOf(input.numberOf)
+    explicit StampSink(const Input& input)
+        : stamps(std::size_t(input.changes), -1), m_numberOf(input.numberOf)
     {
     }
 

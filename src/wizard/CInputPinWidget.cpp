@@ -48,6 +48,6 @@ void CInputPinWidget::setValue(quint32 value)
 
 quint32 CInputPinWidget::value() const
 {
-    const QVariant data = m_box->currentData();
-    return quint32(data.isValid() ? data.toInt() : NoInput);
+    const QVariant input = m_box->currentData();
+    return quint32(input.isValid() ? input.toInt() : NoInput);
 }

@@ -27,8 +27,11 @@ template <typename Page>
 std::array<Page*, PortId::Tracks> makePages(CRacewayWizard* wizard)
 {
     std::array<Page*, PortId::Tracks> pages{};
-    for (int track = 0; track < PortId::Tracks; ++track)
-        pages[std::size_t(track)] = new Page(wizard, track); // a child of the wizard
+    for (int track = 0; track < PortId::Tracks; ++track) {
+        auto* page = new Page(wizard, track); // a child of the wizard
+        page->setObjectName(QStringLiteral("%1 %2").arg(page->metaObject()->className()).arg(track + 1));
+        pages[std::size_t(track)] = page;
+    }
     return pages;
 }
 
@@ -54,6 +57,9 @@ CRacewayWizard::CRacewayWizard(QWidget* parent)
       m_debounceTimePage(new CRwWizardDebounceTimePage(this))
 {
     setObjectName("racewayWizard");
+    for (auto* page : findChildren<WizardPage*>(QString()))
+        if (page->objectName().isEmpty())
+            page->setObjectName(page->metaObject()->className());
     setWindowTitle(tr("Rennstrecken Wizard"));
     resize(InitialSize);
     setFirstPage(m_startPage);

@@ -1,0 +1,248 @@
+#include "data/CRaceway.h"
+#include "wizard/WizardDriver.h"
+
+#include <QTest>
+
+namespace {
+
+constexpr int MostTracks = 8;
+const QString At2560 = QStringLiteral("L&T AT2560");
+
+/** The answers that decide the way. */
+struct Answers
+{
+    QString hardware = QStringLiteral("Parallel Port");
+    bool chaosButton = false;
+    bool chaosSignal = false;
+    bool powerOff = false;
+    bool lights = false;
+    bool separateEnd = false;
+    int fuelIndex = 0;
+    int sectorIndex = 0;
+    int tracks = 1;
+};
+
+QString describe(const Answers& a)
+{
+    return QStringLiteral("%1 chaos %2%3 power %4 lights %5 end %6 fuel %7 sectors %8 tracks %9")
+        .arg(a.hardware)
+        .arg(a.chaosButton)
+        .arg(a.chaosSignal)
+        .arg(a.powerOff)
+        .arg(a.lights)
+        .arg(a.separateEnd)
+        .arg(a.fuelIndex)
+        .arg(a.sectorIndex)
+        .arg(a.tracks);
+}
+
+QStringList pagesOfTrack(int number, const Answers& answers)
+{
+    QStringList pages{"CRwWizardSlotPage"};
+    if (answers.fuelIndex == 1 || answers.fuelIndex == 3 || answers.fuelIndex == 4)
+        pages << "CRwWizardFuelSensorPage";
+    if (answers.fuelIndex == 2 || answers.fuelIndex == 4)
+        pages << "CRwWizardFuelFinishedSensorPage";
+    if (answers.sectorIndex > 0)
+        pages << "CRwWizardSector2SensorPage";
+    if (answers.sectorIndex == 2)
+        pages << "CRwWizardSector3SensorPage";
+    if (answers.separateEnd)
+        pages << "CRwWizardEndSensorPage";
+    for (QString& page : pages)
+        page += QStringLiteral(" %1").arg(number);
+    return pages;
+}
+
+/** @return the pages from the features on, as the rules tell them. */
+QStringList expectedPages(const Answers& answers)
+{
+    QStringList pages{"CAvailableFeaturesPage"};
+    if (answers.hardware != At2560)
+        pages << "COpenPage";
+    if (answers.chaosButton)
+        pages << "CChaosButtonPage";
+    if (answers.chaosButton && answers.chaosSignal)
+        pages << "CChaosPhaseOutputPage";
+    if (answers.powerOff)
+        pages << "CPowerOffFeaturePage";
+    if (answers.lights)
+        pages << "CRwWizardLightsPage";
+    for (int number = 1; number <= answers.tracks; ++number)
+        pages << pagesOfTrack(number, answers);
+    return pages << "CRwWizardDebounceTimePage"
+                 << "CFinishPage";
+}
+
+/** Answers on the first three pages, from the first one on. */
+void answer(WizardDriver& user, const Answers& answers)
+{
+    user.describe("Bahn", answers.tracks);
+    user.next();
+    user.choose("hardwareBox", answers.hardware);
+    user.next();
+    user.check("chaosBox", answers.chaosButton);
+    if (answers.chaosButton)
+        user.check("chaosOutputBox", answers.chaosSignal);
+    user.check("powerOffBox", answers.powerOff);
+    user.check("lightsBox", answers.lights);
+    user.check("separateEndBox", answers.separateEnd);
+    user.choose("fuelBox", answers.fuelIndex);
+    user.choose("sectorBox", answers.sectorIndex);
+}
+
+/** @return how often the way through the real pages was that of the rules; the first other one fails. */
+int compareWays(const QVector<Answers>& all)
+{
+    int ways = 0;
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+        for (const Answers& answers : all) {
+            answer(user, answers);
+            const QStringList pages = user.goToTheEnd();
+            if (pages != expectedPages(answers)) {
+                QWARN(qPrintable(describe(answers) + ": " + pages.join(", ")));
+                return;
+            }
+            if (!user.goBackTo("CStartPage"))
+                return;
+            ++ways;
+        }
+    });
+    return ways;
+}
+
+} // namespace
+
+/** The way through the pages of the real wizard, for all answers that make a difference. */
+class tst_WizardWays : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void eachHardwareLeadsThroughTheFeaturesThatAreThere_data();
+    void eachHardwareLeadsThroughTheFeaturesThatAreThere();
+    void eachTrackHasTheSensorsThatAreThere_data();
+    void eachTrackHasTheSensorsThatAreThere();
+    void oneSlotWithoutFeaturesHasSevenPages();
+    void withEverythingEachOfTwoTracksHasSixPages();
+    void anAt2560NeverShowsTheOpenPage();
+    void fuelIndex2ShowsTheEndOfTheZoneButNoFuelSensor();
+};
+
+void tst_WizardWays::eachHardwareLeadsThroughTheFeaturesThatAreThere_data()
+{
+    QTest::addColumn<QString>("hardware");
+    for (const char* hardware : {"Parallel Port", "IO-Warrior24", "IO-Warrior40", "Carrera CU",
+                                 "IO-Warrior56", "IO-Warrior28", "IO-Warrior100", "L&T AT2560"})
+        QTest::newRow(hardware) << QString(hardware);
+}
+
+void tst_WizardWays::eachHardwareLeadsThroughTheFeaturesThatAreThere()
+{
+    QVector<Answers> all;
+    Answers answers;
+    QFETCH(QString, hardware);
+    answers.hardware = hardware;
+    for (int features = 0; features < 32; ++features) {
+        answers.chaosButton = features & 1;
+        answers.chaosSignal = features & 2;
+        answers.powerOff = features & 4;
+        answers.lights = features & 8;
+        answers.tracks = features & 16 ? 2 : 1;
+        if (answers.chaosButton || !answers.chaosSignal) // the signal can't be chosen without the button
+            all.append(answers);
+    }
+    QCOMPARE(all.size(), 24);
+    QCOMPARE(compareWays(all), all.size());
+}
+
+void tst_WizardWays::eachTrackHasTheSensorsThatAreThere_data()
+{
+    QTest::addColumn<QString>("hardware");
+    QTest::newRow("states of a port") << "Parallel Port";
+    QTest::newRow("inputs of an AT2560") << At2560;
+}
+
+void tst_WizardWays::eachTrackHasTheSensorsThatAreThere()
+{
+    QVector<Answers> all;
+    Answers answers;
+    QFETCH(QString, hardware);
+    answers.hardware = hardware;
+    for (answers.tracks = 1; answers.tracks <= MostTracks; ++answers.tracks) {
+        for (answers.fuelIndex = 0; answers.fuelIndex <= 4; ++answers.fuelIndex) {
+            for (answers.sectorIndex = 0; answers.sectorIndex <= 2; ++answers.sectorIndex) {
+                answers.separateEnd = (answers.fuelIndex + answers.sectorIndex + answers.tracks) % 2 != 0;
+                all.append(answers);
+                answers.separateEnd = !answers.separateEnd;
+                if (answers.tracks <= 2 || answers.tracks == MostTracks)
+                    all.append(answers);
+            }
+        }
+    }
+    QCOMPARE(compareWays(all), all.size());
+}
+
+void tst_WizardWays::oneSlotWithoutFeaturesHasSevenPages()
+{
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+        user.describe("Bahn", 1);
+        QCOMPARE(user.goToTheEnd(),
+                 QStringList({"CStartPage", "CIoInterfacePage", "CAvailableFeaturesPage", "COpenPage",
+                              "CRwWizardSlotPage 1", "CRwWizardDebounceTimePage", "CFinishPage"}));
+    });
+}
+
+void tst_WizardWays::withEverythingEachOfTwoTracksHasSixPages()
+{
+    Answers answers;
+    answers.tracks = 2;
+    answers.fuelIndex = 4;
+    answers.sectorIndex = 2;
+    answers.separateEnd = true;
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+        answer(user, answers);
+        const QStringList pages = user.goToTheEnd();
+        QCOMPARE(pages.filter(QRegularExpression(" 1$")).size(), 6);
+        QCOMPARE(pages.filter(QRegularExpression(" 2$")).size(), 6);
+        QCOMPARE(pages, expectedPages(answers));
+    });
+}
+
+void tst_WizardWays::anAt2560NeverShowsTheOpenPage()
+{
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+        Answers answers;
+        answer(user, answers);
+        QVERIFY(user.goToTheEnd().contains("COpenPage"));
+        QVERIFY(user.goBackTo("CStartPage"));
+        answers.hardware = At2560;
+        answer(user, answers);
+        QVERIFY(!user.goToTheEnd().contains("COpenPage"));
+    });
+}
+
+void tst_WizardWays::fuelIndex2ShowsTheEndOfTheZoneButNoFuelSensor()
+{
+    Answers answers;
+    answers.fuelIndex = 2;
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+        answer(user, answers);
+        const QStringList pages = user.goToTheEnd();
+        QVERIFY(pages.contains("CRwWizardFuelFinishedSensorPage 1"));
+        QVERIFY(!pages.contains("CRwWizardFuelSensorPage 1"));
+    });
+}
+
+QTEST_MAIN(tst_WizardWays)
+#include "tst_WizardWays.moc"
