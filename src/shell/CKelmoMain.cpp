@@ -1,5 +1,6 @@
 #include "shell/CKelmoMain.h"
 
+#include "network/CKelmoNetworkServer.h"
 #include "race/CRace.h"
 #include "race/CRaceSettings.h"
 #include "results/CRaceSummaryDialog.h"
@@ -16,9 +17,12 @@ CKelmoMain::CKelmoMain(QObject* parent, const CCommandLineParameters& parameters
     if (parameters.clientMode()) {
         m_mainDialog->enableClientMode();
     } else {
+        createServer(parameters.port());
         connectRaceToDialog();
+        connectRaceToServer();
         connectDialogToRace();
         connectSummaryToDialog();
+        connectDialogAndServer();
     }
     showWindow(parameters.windowed());
     m_race->vStop(); // brings lights and power to their idle state
@@ -42,6 +46,12 @@ void CKelmoMain::createParts()
     m_mainDialog->setSummaryDialog(m_summaryDialog);
 }
 
+/** @param port 0 for that of the settings */
+void CKelmoMain::createServer(quint16 port)
+{
+    m_server = std::make_unique<CKelmoNetworkServer>(m_settings.get(), m_raceSettings.get(), port);
+}
+
 /** What the race tells goes to the dialog first and to anybody else after it. */
 void CKelmoMain::connectRaceToDialog()
 {
@@ -57,6 +67,22 @@ void CKelmoMain::connectRaceToDialog()
     connect(race, &CRace::UpdateRaceTime, dialog, &CKelmoMainDialog::setRaceTime);
     connect(race, &CRace::raceInfoText, dialog, &CKelmoMainDialog::setAdditionalInfo);
     connect(race, &CRace::trackPowerStateChanged, dialog, &CKelmoMainDialog::trackPowerNotification);
+}
+
+void CKelmoMain::connectRaceToServer()
+{
+    const CRace* race = m_race.get();
+    CKelmoNetworkServer* server = m_server.get();
+    connect(race, &CRace::RaceEventHappened, server, &CKelmoNetworkServer::HandleEventRace);
+    connect(race, &CRace::RaceStarted, server, &CKelmoNetworkServer::vSetUiRaceStarted);
+    connect(race, &CRace::RecordedRaceStarted, server, &CKelmoNetworkServer::vSetUiRecordedRaceStarted);
+    connect(race, &CRace::RaceStopped, server, &CKelmoNetworkServer::vSetUiRaceStopped);
+    connect(race, &CRace::RacePaused, server, &CKelmoNetworkServer::vSetUiRacePaused);
+    connect(race, &CRace::RaceResumed, server, &CKelmoNetworkServer::vSetUiRaceResumed);
+    connect(race, &CRace::UpdateLights, server, &CKelmoNetworkServer::updateLightsDisplay);
+    connect(race, &CRace::UpdateRaceTime, server, &CKelmoNetworkServer::setRaceTime);
+    connect(race, &CRace::raceInfoText, server, &CKelmoNetworkServer::setAdditionalInfo);
+    connect(race, &CRace::trackPowerStateChanged, server, &CKelmoNetworkServer::trackPowerNotification);
 }
 
 void CKelmoMain::connectDialogToRace()
@@ -81,6 +107,22 @@ void CKelmoMain::connectSummaryToDialog()
             &CKelmoMainDialog::raceStoreTrigger);
 }
 
+void CKelmoMain::connectDialogAndServer()
+{
+    CKelmoMainDialog* dialog = m_mainDialog.get();
+    CKelmoNetworkServer* server = m_server.get();
+    connect(server, &CKelmoNetworkServer::debugMessage, this, &CKelmoMain::debugMessage);
+    connect(dialog, &CKelmoMainDialog::settingsChanged, server, &CKelmoNetworkServer::onSettingsChanged);
+    connect(dialog, &CKelmoMainDialog::raceSettingsChanged, server,
+            &CKelmoNetworkServer::onRaceSettingsChanged);
+    connect(server, &CKelmoNetworkServer::clientConnected, dialog,
+            &CKelmoMainDialog::vSetUiRemoteClientConnected);
+    connect(server, &CKelmoNetworkServer::clientDisconnected, dialog,
+            &CKelmoMainDialog::vSetUiRemoteClientDisconnected);
+    connect(dialog, &CKelmoMainDialog::remoteClientShutdownTrigger, server,
+            &CKelmoNetworkServer::sendAppTerminationNotification);
+}
+
 void CKelmoMain::showWindow(bool windowed)
 {
     if (windowed) {
@@ -101,10 +143,21 @@ CKelmoMain::~CKelmoMain()
     m_race->vStop();
     m_mainDialog->disconnect(m_race.get());
     m_race->disconnect(m_mainDialog.get());
+    deleteServer();
     m_settings.reset();
     m_raceSettings.reset();
     m_mainDialog.reset();
     m_race.reset();
+}
+
+void CKelmoMain::deleteServer()
+{
+    if (!m_server)
+        return;
+    m_race->disconnect(m_server.get());
+    m_mainDialog->disconnect(m_server.get());
+    m_server->disconnect(m_mainDialog.get()); // no client is said to have left when its socket goes
+    m_server.reset();
 }
 
 void CKelmoMain::debugMessage(const QString& text)

@@ -7,6 +7,7 @@
 
 class CCommandLineParameters;
 class CKelmoMainDialog;
+class CKelmoNetworkServer;
 class CRace;
 class CRaceSettings;
 class CRaceSummaryDialog;
@@ -28,6 +29,8 @@ public:
 
     CKelmoMainDialog* mainDialog() const { return m_mainDialog.get(); }
     CRace* race() const { return m_race.get(); }
+    /** @return null in a display client. */
+    CKelmoNetworkServer* server() const { return m_server.get(); }
 
 Q_SIGNALS:
     void quitApplication();
@@ -38,9 +41,13 @@ private Q_SLOTS:
 
 private:
     void createParts();
+    void createServer(quint16 port);
     void connectRaceToDialog();
+    void connectRaceToServer();
     void connectDialogToRace();
     void connectSummaryToDialog();
+    void connectDialogAndServer();
+    void deleteServer();
     void showWindow(bool windowed);
 
     std::unique_ptr<CKelmoMainDialog> m_mainDialog;
@@ -48,6 +55,7 @@ private:
     std::unique_ptr<CRaceSettings> m_raceSettings;
     std::unique_ptr<CRace> m_race;
     CRaceSummaryDialog* m_summaryDialog = nullptr; ///< child of the main dialog
+    std::unique_ptr<CKelmoNetworkServer> m_server; ///< null in a display client
 };
 
 #endif
