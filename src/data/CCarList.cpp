@@ -63,6 +63,15 @@ CCar CCarList::carAt(int row)
     return carFrom(m_tableModel->record(row));
 }
 
+QList<CCar> CCarList::allCars()
+{
+    selectAll(*m_tableModel);
+    QList<CCar> cars;
+    for (int row = 0; row < m_tableModel->rowCount(); ++row)
+        cars << carFrom(m_tableModel->record(row));
+    return cars;
+}
+
 void CCarList::updateCar(int row, const CCar& car)
 {
     selectAll(*m_tableModel);

@@ -4,6 +4,7 @@
 #include "data/CCar.h"
 
 #include <QAbstractItemModel>
+#include <QList>
 #include <QObject>
 #include <QSqlQueryModel>
 #include <QSqlTableModel>
@@ -37,6 +38,8 @@ public:
     void addCar(const CCar& car);
     /** @return the car of a row; a default one, with id -1, for a row that there isn't. */
     CCar carAt(int row);
+    /** @return the cars of all rows, in order. */
+    QList<CCar> allCars();
     /** Overwrites all of a row but its id; a row that there isn't is ignored. */
     void updateCar(int row, const CCar& car);
     /**

@@ -14,6 +14,14 @@ namespace {
 
 const QLatin1String Name("name");
 
+CDriver driverFrom(const QSqlRecord& record)
+{
+    CDriver driver;
+    driver.setId(record.value(QStringLiteral("id")).toInt());
+    driver.setName(record.value(Name).toString());
+    return driver;
+}
+
 } // namespace
 
 CDriverList::CDriverList(QObject* parent)
@@ -45,14 +53,19 @@ void CDriverList::addDriver(const CDriver& driver)
 
 CDriver CDriverList::driverAt(int row)
 {
-    CDriver driver;
     selectAll(*m_tableModel);
     if (row < 0 || row >= m_tableModel->rowCount())
-        return driver;
-    const QSqlRecord record = m_tableModel->record(row);
-    driver.setId(record.value(QStringLiteral("id")).toInt());
-    driver.setName(record.value(Name).toString());
-    return driver;
+        return CDriver();
+    return driverFrom(m_tableModel->record(row));
+}
+
+QList<CDriver> CDriverList::allDrivers()
+{
+    selectAll(*m_tableModel);
+    QList<CDriver> drivers;
+    for (int row = 0; row < m_tableModel->rowCount(); ++row)
+        drivers << driverFrom(m_tableModel->record(row));
+    return drivers;
 }
 
 void CDriverList::updateDriver(int row, const CDriver& driver)

@@ -4,6 +4,7 @@
 #include "data/CDriver.h"
 
 #include <QAbstractItemModel>
+#include <QList>
 #include <QObject>
 #include <QSqlQueryModel>
 #include <QSqlTableModel>
@@ -32,6 +33,8 @@ public:
     void addDriver(const CDriver& driver);
     /** @return the driver of a row; a default one, with id -1, for a row that there isn't. */
     CDriver driverAt(int row);
+    /** @return the drivers of all rows, in order. */
+    QList<CDriver> allDrivers();
     /** Renames the driver of a row; a row that there isn't is ignored. */
     void updateDriver(int row, const CDriver& driver);
     int count() const;

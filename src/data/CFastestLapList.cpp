@@ -62,7 +62,7 @@ QString formattedTime(const QVariant& milliseconds, const QString& format)
 CFastestLapList::CFastestLapList(QObject* parent)
     : QObject(parent),
       m_database(CDatabase::instance()),
-      m_queryModel(new QSqlQueryModel(this)),
+      m_queryModel(new CWholeQueryModel(this)),
       m_tableModel(new QSqlTableModel(this))
 {
     m_tableModel->setTable(QStringLiteral("fastestLapTimes"));
@@ -171,7 +171,8 @@ int CFastestLapList::rowOfRecord(const CFastestLap& record) const
 
 QAbstractItemModel* CFastestLapList::showQuery(const QString& statement, const QStringList& headers)
 {
-    setQuery(*m_queryModel, statement, headers);
+    m_queryModel->setWholeQuery(statement);
+    setHeaders(*m_queryModel, headers);
     return m_queryModel;
 }
 

@@ -5,12 +5,12 @@
 
 #include <QAbstractItemModel>
 #include <QObject>
-#include <QSqlQueryModel>
 #include <QSqlRecord>
 #include <QSqlTableModel>
 #include <QStringList>
 
 class CDatabase;
+class CWholeQueryModel;
 
 /**
  * The all-time best lap of every combination of raceway, track, car and driver.
@@ -80,7 +80,7 @@ private:
     QAbstractItemModel* showQuery(const QString& statement, const QStringList& headers);
 
     CDatabase* m_database;
-    QSqlQueryModel* m_queryModel;
+    CWholeQueryModel* m_queryModel;
     QSqlTableModel* m_tableModel;
 };
 

@@ -59,6 +59,11 @@ void setQuery(QSqlQueryModel& model, const QString& statement, const QStringList
 {
     model.setQuery(statement);
     fetchAllRows(model);
+    setHeaders(model, headers);
+}
+
+void setHeaders(QSqlQueryModel& model, const QStringList& headers)
+{
     for (int column = 0; column < headers.size(); ++column)
         model.setHeaderData(column, Qt::Horizontal, headers.at(column));
 }
@@ -97,6 +102,14 @@ QString columnText(const QString& text)
 }
 
 } // namespace TableAccess
+
+void CWholeQueryModel::setWholeQuery(const QString& statement)
+{
+    beginResetModel();
+    setQuery(statement);
+    TableAccess::fetchAllRows(*this);
+    endResetModel();
+}
 
 CRowInserter::CRowInserter(const QString& table, const QSqlRecord& fields)
     : m_database(QSqlDatabase::database()), m_inTransaction(m_database.transaction()), m_query(m_database)

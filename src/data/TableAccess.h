@@ -30,6 +30,9 @@ bool submitAll(QSqlTableModel& model);
 /** Runs the query, fetches all its rows and names the columns. */
 void setQuery(QSqlQueryModel& model, const QString& statement, const QStringList& headers);
 
+/** Names the columns, from the first on. */
+void setHeaders(QSqlQueryModel& model, const QStringList& headers);
+
 /** @return the number of rows that the statement yields. */
 int countRows(const QString& statement);
 
@@ -46,6 +49,15 @@ bool execBound(const QString& statement, const QVariantList& values);
 QString columnText(const QString& text);
 
 } // namespace TableAccess
+
+/** A model that tells of a new query once, when all its rows are there: a long list is sorted once. */
+class CWholeQueryModel : public QSqlQueryModel
+{
+public:
+    using QSqlQueryModel::QSqlQueryModel;
+
+    void setWholeQuery(const QString& statement);
+};
 
 /**
  * Adds many rows to a table in one transaction, which ends with the object. A row that fails is

@@ -1,6 +1,7 @@
 #include "results/CRaceToCsvWriter.h"
 
 #include "race/CRace.h"
+#include "results/CsvTimeFormat.h"
 #include "shell/CSettings.h"
 
 #include <QTime>
@@ -25,21 +26,6 @@ enum Row
     LapHeaderRow,
     FirstLapRow
 };
-
-/** @return the format of QTime for a StorageCsvTimeFormat. */
-QString timeFormat(int csvTimeFormat)
-{
-    switch (csvTimeFormat) {
-    case CSettings::MinutesColonMilliseconds:
-        // The quotation marks and the tab keep a spreadsheet from taking the value for a clock time.
-        return QStringLiteral("\"mm:ss:zzz\t\"");
-    case CSettings::SecondsComma:
-        // Required: this format has no minutes, so that they are lost.
-        return QStringLiteral("s,zzz");
-    default:
-        return QStringLiteral("mm:ss,zzz");
-    }
-}
 
 } // namespace
 
@@ -127,7 +113,7 @@ void CRaceToCsvWriter::fillLap(const CLapTime& lap, int index, int column, int s
 
 QString CRaceToCsvWriter::timeText(const QTime& time) const
 {
-    return time.toString(timeFormat(m_race->settings()->storageCsvTimeFormat()));
+    return time.toString(csvTimeFormat(m_race->settings()->storageCsvTimeFormat()));
 }
 
 QString CRaceToCsvWriter::timeText(int milliseconds) const

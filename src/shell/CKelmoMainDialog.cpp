@@ -8,6 +8,7 @@
 #include "qr/QrTags.h"
 #include "race/CRace.h"
 #include "race/CRaceSettings.h"
+#include "results/CKelmoRaceAnalyzer.h"
 #include "results/CRaceStoreDlg.h"
 #include "results/CRaceSummaryDialog.h"
 #include "shell/AboutText.h"
@@ -57,6 +58,7 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
       m_raceSettings(raceSettings),
       m_raceStartDialog(new CRaceStartDlg(this)),
       m_raceStoreDialog(new CRaceStoreDlg(this)),
+      m_raceAnalyzer(new CKelmoRaceAnalyzer(this)),
       m_questions(std::make_unique<CUserQuestions>())
 {
     setObjectName("mainDialog");
@@ -247,7 +249,10 @@ void CKelmoMainDialog::showSettings()
     collectDriversAndCars();
 }
 
-void CKelmoMainDialog::showRaceAnalyzer() {}
+void CKelmoMainDialog::showRaceAnalyzer()
+{
+    m_raceAnalyzer->showAnalyzer(m_settings, m_readQrCode);
+}
 
 void CKelmoMainDialog::showAboutDialog()
 {

@@ -13,6 +13,7 @@ class CCarList;
 class CDriverList;
 class CInfoFrame;
 class CKelmoPortSimulator;
+class CKelmoRaceAnalyzer;
 class CLights;
 class CMainMenu;
 class CRace;
@@ -156,7 +157,8 @@ private:
     CSettings* m_settings;         ///< not owned
     CRaceSettings* m_raceSettings; ///< not owned
     CRaceStartDlg* m_raceStartDialog;
-    CRaceStoreDlg* m_raceStoreDialog;              ///< stands ready; no entry uses it
+    CRaceStoreDlg* m_raceStoreDialog; ///< stands ready; no entry uses it
+    CKelmoRaceAnalyzer* m_raceAnalyzer;
     CRaceSummaryDialog* m_summaryDialog = nullptr; ///< not owned
     std::function<QString()> m_readQrCode;
     std::unique_ptr<CUserQuestions> m_questions;

@@ -117,6 +117,7 @@ private Q_SLOTS:
     void aRowThatThereIsNotChangesNothing();
     void theModelsShowTheirColumns();
     void theModelsAreOneAndTheSame();
+    void allCarsAreThoseOfTheRows();
     void aThousandCarsAreAllThere();
     void twoListsWorkOnTheSameTable();
     void aDatabaseThatCannotBeOpenedGivesNoCar();
@@ -430,6 +431,21 @@ void tst_CCarList::theModelsAreOneAndTheSame()
     QCOMPARE(model->rowCount(), 2);
 }
 
+void tst_CCarList::allCarsAreThoseOfTheRows()
+{
+    const DatabaseReference reference;
+    QVERIFY(DatabaseFile().exec("DELETE FROM cars"));
+    QVERIFY(DatabaseFile().exec("INSERT INTO cars(name, comment) VALUES('LMP', 'x'), ('DTM', 'y')"));
+    CCarList list;
+    const QList<CCar> cars = list.allCars();
+    QCOMPARE(cars.size(), 2);
+    for (int row = 0; row < cars.size(); ++row) {
+        QCOMPARE(cars[row].id(), list.carAt(row).id());
+        QCOMPARE(cars[row].name(), QStringList({"DTM", "LMP"}).at(row));
+        QCOMPARE(cars[row].comment(), QStringList({"y", "x"}).at(row));
+    }
+}
+
 void tst_CCarList::aThousandCarsAreAllThere()
 {
     const DatabaseReference reference;
@@ -442,6 +458,7 @@ void tst_CCarList::aThousandCarsAreAllThere()
     QCOMPARE(list.nameModel()->rowCount(), 1001);
     QCOMPARE(list.rowOfName("Wagen 1000"), 1000);
     QCOMPARE(list.carAt(1000).startNumber(), QString("1000"));
+    QCOMPARE(list.allCars().last().startNumber(), QString("1000"));
     list.updateCar(1000, namedCar("Wagen 2000"));
     QCOMPARE(list.carAt(1000).name(), QString("Wagen 2000"));
     list.exportCsv("cars.csv");

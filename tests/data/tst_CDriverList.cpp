@@ -41,6 +41,7 @@ private Q_SLOTS:
     void aRowThatThereIsNotChangesNothing_data();
     void aRowThatThereIsNotChangesNothing();
     void bothModelsAreOneAndShowTheNames();
+    void allDriversAreThoseOfTheRows();
     void aThousandDriversAreAllThere();
     void aDatabaseThatCannotBeOpenedGivesNoDriver();
 
@@ -208,6 +209,20 @@ void tst_CDriverList::bothModelsAreOneAndShowTheNames()
     QCOMPARE(list.editorNameModel()->rowCount(), 3);
 }
 
+void tst_CDriverList::allDriversAreThoseOfTheRows()
+{
+    const DatabaseReference reference;
+    QVERIFY(DatabaseFile().exec("INSERT INTO driver(name) VALUES('Carla'), ('Anna'), ('Ben'), ('Anna')"));
+    CDriverList list;
+    const QList<CDriver> drivers = list.allDrivers();
+    QCOMPARE(drivers.size(), 4);
+    for (int row = 0; row < drivers.size(); ++row) {
+        QCOMPARE(drivers[row].id(), list.driverAt(row).id());
+        QCOMPARE(drivers[row].name(), QStringList({"Anna", "Anna", "Ben", "Carla"}).at(row));
+    }
+    QCOMPARE(list.rowOfName("Carla"), 3);
+}
+
 void tst_CDriverList::aThousandDriversAreAllThere()
 {
     const DatabaseReference reference;
@@ -219,6 +234,7 @@ void tst_CDriverList::aThousandDriversAreAllThere()
     QCOMPARE(list.count(), 1000);
     QCOMPARE(list.nameModel()->rowCount(), 1000);
     QCOMPARE(list.driverAt(999).name(), QString("Fahrer 1000"));
+    QCOMPARE(list.allDrivers().last().name(), QString("Fahrer 1000"));
     list.exportCsv("drivers.csv");
     QCOMPARE(contentOf("drivers.csv").count('\n'), 1001);
     list.removeDriver(999);

@@ -113,6 +113,7 @@ private Q_SLOTS:
 
     void theModelsShowTheFastestFirst();
     void theModelsAreOneAndTheSame();
+    void aLongModelTellsOfItsRowsOnce();
     void aFilterWithoutCriteriaHasNoWhere();
     void aFilterByDriverAloneHasNoAnd();
     void aFilterNamesItsCriteriaInOrder_data();
@@ -390,6 +391,27 @@ void tst_CFastestLapList::theModelsAreOneAndTheSame()
     QCOMPARE(headersOf(model), (QStringList{"Fahrer", "Fahrzeug", "Spur", "Zeit"}));
     list.allModel();
     QCOMPARE(headersOf(model).size(), 6);
+}
+
+void tst_CFastestLapList::aLongModelTellsOfItsRowsOnce()
+{
+    CFastestLapList list;
+    QVERIFY(
+        DatabaseFile().exec("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
+                            "INSERT INTO fastestLapTimes(racewayId, trackId, carId, driverId, time) SELECT "
+                            "1, 1, 1, 1, i FROM n"));
+    QAbstractItemModel* model = list.racewayModel(2);
+    QSignalSpy resets(model, &QAbstractItemModel::modelReset);
+    QSignalSpy insertions(model, &QAbstractItemModel::rowsInserted);
+    int rowsAtTheReset = -1;
+    connect(model, &QAbstractItemModel::modelReset, [&] { rowsAtTheReset = model->rowCount(); });
+
+    list.filterModel(1, -1, -1, -1);
+
+    QCOMPARE(resets.count(), 1);
+    QCOMPARE(insertions.count(), 0);
+    QCOMPARE(rowsAtTheReset, 1000);
+    QVERIFY(!model->canFetchMore(QModelIndex()));
 }
 
 void tst_CFastestLapList::aFilterWithoutCriteriaHasNoWhere()

@@ -7,6 +7,7 @@
 #include "shell/CRichLabel.h"
 #include "shell/CSettings.h"
 #include "shell/CTrackDisplay.h"
+#include "support/DatabaseFile.h"
 #include "support/RecordingSounds.h"
 #include "support/ScriptedQuestions.h"
 
@@ -25,6 +26,12 @@ inline CRaceway racewayWithTracks(int tracks)
 /** The main dialog with its settings, with recorded sounds and scripted answers. */
 class MainDialogFixture
 {
+    /** Closes the database behind the dialog, whose list of fastest laps keeps its reference. */
+    struct DatabaseCloser
+    {
+        ~DatabaseCloser() { closeDatabase(); }
+    } m_closer;
+
 public:
     MainDialogFixture() : settings(readSettings()), dialog(&settings, &raceSettings)
     {

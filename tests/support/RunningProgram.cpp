@@ -1,6 +1,5 @@
 #include "support/RunningProgram.h"
 
-#include "data/CDatabase.h"
 #include "io/CDriveThroughEvent.h"
 #include "io/CKelmoPortSimulator.h"
 #include "io/PortIds.h"
@@ -10,6 +9,7 @@
 #include "shell/CKelmoMainDialog.h"
 #include "shell/CRichLabel.h"
 #include "shell/CTrackDisplay.h"
+#include "support/DatabaseFile.h"
 #include "support/LampLetters.h"
 #include "support/RecordingSounds.h"
 #include "support/ScriptedQuestions.h"
@@ -55,9 +55,9 @@ RunningProgram::RunningProgram(const QStringList& arguments)
 RunningProgram::~RunningProgram()
 {
     m_main.reset();
-    // The race's list of fastest laps keeps its reference to the end of the process; the next
-    // program of this process begins with a file of its own.
-    CDatabase::release();
+    // The lists of fastest laps keep their references to the end of the process; the next program of
+    // this process begins with a file of its own.
+    closeDatabase();
 }
 
 void RunningProgram::destroyMain()
