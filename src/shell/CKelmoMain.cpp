@@ -7,15 +7,26 @@
 #include "shell/CCommandLineParameters.h"
 #include "shell/CKelmoMainDialog.h"
 #include "shell/CSettings.h"
+#include "shell/SystemPower.h"
 
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTextCodec>
 
-CKelmoMain::CKelmoMain(QObject* parent, const CCommandLineParameters& parameters) : QObject(parent)
+namespace {
+
+constexpr int ShutdownTick = 1000; // milliseconds
+
+} // namespace
+
+CKelmoMain::CKelmoMain(QObject* parent, const CCommandLineParameters& parameters)
+    : QObject(parent), m_shutdownTimer(new QTimer(this))
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     createParts();
     if (parameters.clientMode()) {
         m_mainDialog->enableClientMode();
+        connectShutdown();
     } else {
         createServer(parameters.port());
         connectRaceToDialog();
@@ -44,6 +55,30 @@ void CKelmoMain::createParts()
     m_summaryDialog->setModal(true);
     m_mainDialog->setRaceOfSimulator(m_race.get());
     m_mainDialog->setSummaryDialog(m_summaryDialog);
+    createShutdownBox();
+}
+
+void CKelmoMain::createShutdownBox()
+{
+    m_shutdownBox = std::make_unique<QMessageBox>();
+    m_shutdownBox->setObjectName("shutdownBox");
+    m_shutdownBox->setAttribute(Qt::WA_QuitOnClose, false);
+    m_shutdownBox->setWindowTitle(tr("System herunterfahren"));
+    QPushButton* cancel = m_shutdownBox->addButton(tr("Abbrechen"), QMessageBox::RejectRole);
+    m_shutdownBox->addButton(tr("Sofort herunterfahren"), QMessageBox::AcceptRole);
+    m_shutdownBox->setInformativeText(tr("Vorgang fortsetzen?"));
+    m_shutdownBox->setDefaultButton(cancel);
+    m_shutdownBox->setModal(true);
+    m_shutdownTimer->setObjectName("shutdownTimer");
+}
+
+/** In a display client only: no server counts down. */
+void CKelmoMain::connectShutdown()
+{
+    connect(m_shutdownTimer, &QTimer::timeout, this, &CKelmoMain::shutDownTimerTick);
+    connect(m_shutdownBox.get(), &QMessageBox::buttonClicked, this, &CKelmoMain::cancelShutdown);
+    // Closing the box presses no button, and nobody is to be shut down behind a closed box.
+    connect(m_shutdownBox.get(), &QMessageBox::rejected, this, &CKelmoMain::stopShutdown);
 }
 
 /** @param port 0 for that of the settings */
@@ -163,4 +198,42 @@ void CKelmoMain::deleteServer()
 void CKelmoMain::debugMessage(const QString& text)
 {
     m_mainDialog->setAdditionalInfo(text);
+}
+
+void CKelmoMain::shutDownTriggerReceived(int seconds)
+{
+    showSecondsToShutdown(seconds);
+    m_shutdownBox->open();
+    m_shutdownSeconds = seconds;
+    m_shutdownTimer->start(ShutdownTick);
+}
+
+void CKelmoMain::showSecondsToShutdown(int seconds)
+{
+    m_shutdownBox->setText(tr("Das System wird in %1 Sekunden heruntergefahren").arg(seconds));
+}
+
+void CKelmoMain::shutDownTimerTick()
+{
+    if (m_shutdownElapsed >= m_shutdownSeconds) {
+        powerMachineOff();
+        return;
+    }
+    ++m_shutdownElapsed;
+    showSecondsToShutdown(m_shutdownSeconds - m_shutdownElapsed);
+}
+
+void CKelmoMain::cancelShutdown(QAbstractButton* button)
+{
+    const QMessageBox::ButtonRole role = m_shutdownBox->buttonRole(button);
+    if (role == QMessageBox::RejectRole)
+        stopShutdown();
+    else if (role == QMessageBox::AcceptRole)
+        powerMachineOff();
+}
+
+void CKelmoMain::stopShutdown()
+{
+    m_shutdownTimer->stop();
+    m_shutdownElapsed = 0;
 }

@@ -2,6 +2,7 @@
 #define TORNIK_SHELL_CKELMOMAIN_H
 
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
@@ -12,6 +13,8 @@ class CRace;
 class CRaceSettings;
 class CRaceSummaryDialog;
 class CSettings;
+class QAbstractButton;
+class QMessageBox;
 
 /**
  * The start object: makes and owns every part of the program, connects them and settles the mode,
@@ -38,6 +41,15 @@ Q_SIGNALS:
 private Q_SLOTS:
     /** Shows a message of the network like one of the race. */
     void debugMessage(const QString& text);
+    /**
+     * Counts down in a box and powers this machine off; a count that runs already goes on with the
+     * new time.
+     * @param seconds to wait; the machine goes down a second after the box shows 0
+     */
+    void shutDownTriggerReceived(int seconds);
+    void shutDownTimerTick();
+    /** @param button the one of the box that was pressed */
+    void cancelShutdown(QAbstractButton* button);
 
 private:
     void createParts();
@@ -48,6 +60,10 @@ private:
     void connectSummaryToDialog();
     void connectDialogAndServer();
     void deleteServer();
+    void createShutdownBox();
+    void connectShutdown();
+    void showSecondsToShutdown(int seconds);
+    void stopShutdown();
     void showWindow(bool windowed);
 
     std::unique_ptr<CKelmoMainDialog> m_mainDialog;
@@ -56,6 +72,10 @@ private:
     std::unique_ptr<CRace> m_race;
     CRaceSummaryDialog* m_summaryDialog = nullptr; ///< child of the main dialog
     std::unique_ptr<CKelmoNetworkServer> m_server; ///< null in a display client
+    std::unique_ptr<QMessageBox> m_shutdownBox;    ///< has no parent: the main window stays usable
+    QTimer* m_shutdownTimer;
+    int m_shutdownSeconds = 0; ///< the wait that the server told
+    int m_shutdownElapsed = 0; ///< seconds of it that are over
 };
 
 #endif

@@ -16,10 +16,14 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTextCodec>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -56,6 +60,8 @@ private Q_SLOTS:
     void summaryShowsTheRaceAndStoresIt();
     void simulatorDrivesTheRace();
     void networkMessagesShowInTheInfoFrame();
+
+    void shutdownBoxOfAServerIsNeverShown();
 
     void clientModeHasNoRaceMenu();
     void clientModeWiresNoRace();
@@ -238,6 +244,28 @@ void tst_CKelmoMain::networkMessagesShowInTheInfoFrame()
     QVERIFY(QMetaObject::invokeMethod(&program.main(), "debugMessage", Qt::DirectConnection,
                                       Q_ARG(QString, "Verbindung wurde unterbrochen.")));
     QCOMPARE(program.infoText("additionalInfo"), QString("Verbindung wurde unterbrochen."));
+}
+
+void tst_CKelmoMain::shutdownBoxOfAServerIsNeverShown()
+{
+    RunningProgram program({"--windowed", "--quickRace"});
+    auto* timer = program.main().findChild<QTimer*>("shutdownTimer");
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto box = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->objectName() == "shutdownBox";
+    });
+    QVERIFY(box != windows.end());
+    Q_EMIT program.dialog().remoteClientShutdownTrigger();
+    QVERIFY(!(*box)->isVisible());
+    QVERIFY(!timer->isActive());
+
+    // Nor does the timer count where it is made to run.
+    auto* messageBox = qobject_cast<QMessageBox*>(*box);
+    messageBox->setText("unchanged");
+    QSignalSpy ticks(timer, &QTimer::timeout);
+    timer->start(1);
+    QVERIFY(ticks.wait());
+    QCOMPARE(messageBox->text(), QString("unchanged"));
 }
 
 void tst_CKelmoMain::clientModeHasNoRaceMenu()

@@ -5,18 +5,12 @@
 #include <QtEndian>
 
 #include <csignal>
-#include <sys/prctl.h>
 
 namespace {
 
 const char* const sinkModule[] = {"module-null-sink", "sink_name=track"};
 
 } // namespace
-
-void CBoundProcess::setupChildProcess()
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-}
 
 CPulseServer::CPulseServer()
 {

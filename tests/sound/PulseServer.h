@@ -1,16 +1,10 @@
 #ifndef TORNIK_TESTS_SOUND_PULSESERVER_H
 #define TORNIK_TESTS_SOUND_PULSESERVER_H
 
-#include <QByteArray>
-#include <QProcess>
-#include <QTemporaryDir>
+#include "support/BoundProcess.h"
 
-/** A process that dies with the test, however that ends. */
-class CBoundProcess : public QProcess
-{
-protected:
-    void setupChildProcess() override;
-};
+#include <QByteArray>
+#include <QTemporaryDir>
 
 /**
  * A private PulseAudio daemon whose only device is a null sink, and a recorder of what the sink
