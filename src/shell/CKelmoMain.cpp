@@ -1,5 +1,6 @@
 #include "shell/CKelmoMain.h"
 
+#include "network/CKelmoNetworkClient.h"
 #include "network/CKelmoNetworkServer.h"
 #include "race/CRace.h"
 #include "race/CRaceSettings.h"
@@ -26,6 +27,7 @@ CKelmoMain::CKelmoMain(QObject* parent, const CCommandLineParameters& parameters
     createParts();
     if (parameters.clientMode()) {
         m_mainDialog->enableClientMode();
+        connectClient(parameters.serverAddress());
         connectShutdown();
     } else {
         createServer(parameters.port());
@@ -120,6 +122,38 @@ void CKelmoMain::connectRaceToServer()
     connect(race, &CRace::trackPowerStateChanged, server, &CKelmoNetworkServer::trackPowerNotification);
 }
 
+/** To the dialog it is as if its own race told it all. */
+void CKelmoMain::connectClientToDialog()
+{
+    const CKelmoNetworkClient* client = m_client.get();
+    CKelmoMainDialog* dialog = m_mainDialog.get();
+    connect(client, &CKelmoNetworkClient::RaceEventHappened, dialog, &CKelmoMainDialog::HandleEventRace);
+    connect(client, &CKelmoNetworkClient::RaceStarted, dialog, &CKelmoMainDialog::vSetUiRaceStarted);
+    connect(client, &CKelmoNetworkClient::RecordedRaceStarted, dialog,
+            &CKelmoMainDialog::vSetUiRecordedRaceStarted);
+    connect(client, &CKelmoNetworkClient::RaceStopped, dialog, &CKelmoMainDialog::vSetUiRaceStopped);
+    connect(client, &CKelmoNetworkClient::RacePaused, dialog, &CKelmoMainDialog::vSetUiRacePaused);
+    connect(client, &CKelmoNetworkClient::RaceResumed, dialog, &CKelmoMainDialog::vSetUiRaceResumed);
+    connect(client, &CKelmoNetworkClient::UpdateLights, dialog, &CKelmoMainDialog::updateLightsDisplay);
+    connect(client, &CKelmoNetworkClient::UpdateRaceTime, dialog, &CKelmoMainDialog::setRaceTime);
+    connect(client, &CKelmoNetworkClient::raceInfoText, dialog, &CKelmoMainDialog::setAdditionalInfo);
+    connect(client, &CKelmoNetworkClient::settingsChanged, dialog, &CKelmoMainDialog::onSettingsChanged);
+    connect(client, &CKelmoNetworkClient::raceSettingsChanged, dialog,
+            &CKelmoMainDialog::onRaceSettingsChanged);
+    connect(client, &CKelmoNetworkClient::updateDriversAndCars, dialog,
+            &CKelmoMainDialog::vPublishDriversAndCarsToTrackDisplays);
+}
+
+/** The client's track power goes nowhere on purpose: a display has no power menu. */
+void CKelmoMain::connectClient(const QString& address)
+{
+    m_client = std::make_unique<CKelmoNetworkClient>(address, m_settings.get(), m_raceSettings.get());
+    connectClientToDialog();
+    connect(m_client.get(), &CKelmoNetworkClient::debugMessage, this, &CKelmoMain::debugMessage);
+    connect(m_client.get(), &CKelmoNetworkClient::triggerShutdown, this,
+            &CKelmoMain::shutDownTriggerReceived);
+}
+
 void CKelmoMain::connectDialogToRace()
 {
     const CKelmoMainDialog* dialog = m_mainDialog.get();
@@ -179,6 +213,7 @@ CKelmoMain::~CKelmoMain()
     m_mainDialog->disconnect(m_race.get());
     m_race->disconnect(m_mainDialog.get());
     deleteServer();
+    deleteClient();
     m_settings.reset();
     m_raceSettings.reset();
     m_mainDialog.reset();
@@ -193,6 +228,14 @@ void CKelmoMain::deleteServer()
     m_mainDialog->disconnect(m_server.get());
     m_server->disconnect(m_mainDialog.get()); // no client is said to have left when its socket goes
     m_server.reset();
+}
+
+void CKelmoMain::deleteClient()
+{
+    if (!m_client)
+        return;
+    m_client->disconnect(m_mainDialog.get());
+    m_client.reset();
 }
 
 void CKelmoMain::debugMessage(const QString& text)

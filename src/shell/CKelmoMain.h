@@ -8,6 +8,7 @@
 
 class CCommandLineParameters;
 class CKelmoMainDialog;
+class CKelmoNetworkClient;
 class CKelmoNetworkServer;
 class CRace;
 class CRaceSettings;
@@ -60,6 +61,9 @@ private:
     void connectSummaryToDialog();
     void connectDialogAndServer();
     void deleteServer();
+    void deleteClient();
+    void connectClient(const QString& address);
+    void connectClientToDialog();
     void createShutdownBox();
     void connectShutdown();
     void showSecondsToShutdown(int seconds);
@@ -72,6 +76,7 @@ private:
     std::unique_ptr<CRace> m_race;
     CRaceSummaryDialog* m_summaryDialog = nullptr; ///< child of the main dialog
     std::unique_ptr<CKelmoNetworkServer> m_server; ///< null in a display client
+    std::unique_ptr<CKelmoNetworkClient> m_client; ///< null in a race computer
     std::unique_ptr<QMessageBox> m_shutdownBox;    ///< has no parent: the main window stays usable
     QTimer* m_shutdownTimer;
     int m_shutdownSeconds = 0; ///< the wait that the server told
