@@ -29,7 +29,6 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QShortcut>
-#include <QTimer>
 
 namespace {
 
@@ -64,12 +63,12 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
     setObjectName("mainDialog");
     createWidgets();
     newRacewaySelected();
+    setSoundHandler(std::make_unique<CSoundHandler>());
 }
 
 CKelmoMainDialog::~CKelmoMainDialog()
 {
     delete m_panels; // before the lists whose models their boxes show
-    m_soundHandler.reset();
 }
 
 void CKelmoMainDialog::setRaceOfSimulator(CRace* race)
@@ -321,8 +320,7 @@ void CKelmoMainDialog::newRacewaySelected()
 
 void CKelmoMainDialog::onSettingsChanged()
 {
-    if (m_soundHandler)
-        loadSounds();
+    loadSounds();
     m_panels->applySettings(m_driverList->nameModel(), m_carList->nameModel());
     vPublishDriversAndCarsToTrackDisplays();
 }
@@ -343,23 +341,6 @@ void CKelmoMainDialog::onRaceSettingsChanged()
     Q_EMIT racewayChanged();
     m_infoFrame->setRacewayName(raceway.name);
     m_infoFrame->setRaceSettings(m_raceSettings);
-}
-
-/** The audio system takes its time to answer, so the sounds come right behind the first picture. */
-void CKelmoMainDialog::paintEvent(QPaintEvent* event)
-{
-    QDialog::paintEvent(event);
-    if (!m_soundHandler)
-        QTimer::singleShot(0, this, [this] { sounds(); });
-}
-
-CSoundHandler& CKelmoMainDialog::sounds()
-{
-    if (!m_soundHandler) {
-        m_soundHandler = std::make_unique<CSoundHandler>();
-        loadSounds();
-    }
-    return *m_soundHandler;
 }
 
 void CKelmoMainDialog::loadSounds()

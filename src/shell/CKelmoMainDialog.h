@@ -101,9 +101,6 @@ public Q_SLOTS:
     void vPublishDriversAndCarsToTrackDisplays();
     void keyPressEvent(QKeyEvent* e) override;
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private Q_SLOTS:
     void raceTrigger();
     void racePauseTrigger();
@@ -141,7 +138,6 @@ private:
     void createQrShortcuts();
     void createWidgets();
     static QHBoxLayout* centred(QWidget* widget);
-    CSoundHandler& sounds();
     void loadSounds();
     bool isMutedClient() const;
     void showMember(const CRaceEvent& event);
@@ -167,7 +163,7 @@ private:
     CTrackPanels* m_panels = nullptr;
     CInfoFrame* m_infoFrame = nullptr;
     QVBoxLayout* m_mainLayout = nullptr;
-    std::unique_ptr<CSoundHandler> m_soundHandler; ///< null until first needed: see sounds()
+    std::unique_ptr<CSoundHandler> m_soundHandler;
     bool m_raceRunning = false;
     bool m_racePaused = false;
     bool m_clientMode = false;

@@ -17,9 +17,9 @@ void CKelmoMainDialog::HandleEventRace(const CRaceEvent& event)
 {
     const bool playsEffects = !m_settings->soundEnhanced() && !isMutedClient();
     if (event.type == CRaceEvent::LapEnded && playsEffects)
-        sounds().playDriveThrough();
+        m_soundHandler->playDriveThrough();
     else if (event.type == CRaceEvent::NewBestLap && playsEffects)
-        sounds().playNewBestLap();
+        m_soundHandler->playNewBestLap();
     else if (event.type == CRaceEvent::MemberChanged)
         showMember(event);
 }
@@ -63,12 +63,12 @@ void CKelmoMainDialog::updateLightsDisplay(int iAction)
     case CLightAction::NextRed:
         m_lights->nextRed();
         if (!isMutedClient())
-            sounds().playRedLightSound();
+            m_soundHandler->playRedLightSound();
         break;
     case CLightAction::Go:
         m_lights->allGreen();
         if (redLightSeen && !isMutedClient())
-            sounds().playGreenLightSound();
+            m_soundHandler->playGreenLightSound();
         break;
     case CLightAction::AllRed:
         m_lights->allRed();
