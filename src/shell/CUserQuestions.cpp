@@ -8,10 +8,9 @@ bool CUserQuestions::ask(QWidget* parent, const QString& title, const QString& t
                          const QString& no)
 {
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
-    const QAbstractButton* yesButton = box.addButton(yes, QMessageBox::YesRole);
-    QPushButton* noButton = box.addButton(no, QMessageBox::NoRole);
-    box.setDefaultButton(qobject_cast<QPushButton*>(box.buttons().constFirst()));
-    box.setEscapeButton(noButton);
+    QPushButton* yesButton = box.addButton(yes, QMessageBox::YesRole);
+    box.setDefaultButton(yesButton);
+    box.setEscapeButton(box.addButton(no, QMessageBox::NoRole));
     box.exec();
     return box.clickedButton() == yesButton;
 }

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void withoutTracksARaceStillRuns();
 
     void endStopsARunningRace();
+    void closingTheWindowInARaceEndsTheProgram_data();
     void closingTheWindowInARaceEndsTheProgram();
 };
 
@@ -336,13 +337,28 @@ void tst_CKelmoMain::endStopsARunningRace()
     QCOMPARE(stopped.count(), 1);
 }
 
+void tst_CKelmoMain::closingTheWindowInARaceEndsTheProgram_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("by Esc") << true;
+    QTest::newRow("by the window's own button, with the simulator open") << false;
+}
+
 void tst_CKelmoMain::closingTheWindowInARaceEndsTheProgram()
 {
-    RunningProgram program({"--windowed", "--quickRace"});
+    QFETCH(bool, byKey);
+    RunningProgram program({"--windowed"});
     program.user().answerIsYes = true;
+    program.menu()->action(CMainMenu::Simulator)->setChecked(!byKey);
+    program.menu()->action(CMainMenu::QuickRace)->trigger();
+    QVERIFY(program.race().isRaceActive());
     QApplication::setQuitOnLastWindowClosed(true);
-    QTimer::singleShot(0, &program.dialog(),
-                       [&program] { QTest::keyClick(&program.dialog(), Qt::Key_Escape); });
+    QTimer::singleShot(0, &program.dialog(), [&program, byKey] {
+        if (byKey)
+            QTest::keyClick(&program.dialog(), Qt::Key_Escape);
+        else
+            program.dialog().close();
+    });
     QCOMPARE(QApplication::exec(), 0);
     QVERIFY(!program.dialog().isVisible());
     program.destroyMain();

@@ -10,6 +10,7 @@
 #include "sound/SoundOutLib.h"
 #include "support/ModalAnswers.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
@@ -164,6 +165,7 @@ private Q_SLOTS:
     void quickRaceStartsAndEndsByTheSameEntry();
     void keysOfTheMenuReachTheirSignals_data();
     void keysOfTheMenuReachTheirSignals();
+    void entriesForTheTimeBetweenRacesHaveNoKeyInARace();
     void competitionAsksForANameAndStarts();
     void cancelledCompetitionStartsNothing();
     void competitionEntryEndsARunningRace();
@@ -216,6 +218,7 @@ private Q_SLOTS:
 
     void simulatorShowsOnlyWhileARaceRuns();
     void uncheckedSimulatorStaysHidden();
+    void clearingTheSimulatorEntryClosesIt();
 
     void qrCodeOfACarSelectsIt();
     void qrCodeOfADriverSelectsHim();
@@ -248,8 +251,8 @@ void tst_CKelmoMainDialog::windowIsFramelessBlackAndNamed()
     QCOMPARE(fixture.dialog.windowTitle(), QString("Tornik"));
     QVERIFY(fixture.dialog.styleSheet().startsWith(
         "QWidget {color: #646464; background-color: black;  selection-background-color: transparent; "));
-    QVERIFY(fixture.dialog.styleSheet().endsWith(
-        "QPushButton:pressed { background-color: transparent; border-style: inset;}"));
+    QCOMPARE(QCryptographicHash::hash(fixture.dialog.styleSheet().toUtf8(), QCryptographicHash::Sha1).toHex(),
+             QByteArray("3f584703168da3abcfca0e91b7aee5fda20bcf63")); // the style is fixed to the byte
     QCOMPARE(infoText(fixture.dialog, "raceTime"), QString("00:00:00"));
 }
 
@@ -422,6 +425,27 @@ void tst_CKelmoMainDialog::keysOfTheMenuReachTheirSignals()
     if (!fixture.user->questions.isEmpty())
         heard.append("about");
     QCOMPARE(heard, QStringList{signal});
+}
+
+void tst_CKelmoMainDialog::entriesForTheTimeBetweenRacesHaveNoKeyInARace()
+{
+    MainDialogFixture fixture;
+    QVERIFY(fixture.activate());
+    fixture.dialog.vSetUiRemoteClientConnected();
+    fixture.dialog.vSetUiRaceStarted();
+    QStringList triggered;
+    for (int entry = 0; entry < CMainMenu::NumberOfEntries; ++entry) {
+        const QAction* action = fixture.action(CMainMenu::Entry(entry));
+        connect(action, &QAction::triggered, this,
+                [&triggered, action] { triggered.append(action->objectName()); });
+    }
+    for (const int key : {int(Qt::Key_E), int(Qt::Key_Z), int(Qt::Key_R), int(Qt::Key_G), int(Qt::Key_D),
+                          int(Qt::Key_H), int(Qt::Key_A)})
+        fixture.pressKey(key, Qt::ControlModifier);
+    QCOMPARE(triggered, QStringList());
+    fixture.pressKey(Qt::Key_S, Qt::ControlModifier);
+    fixture.pressKey(Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(triggered, QStringList({"quickRace", "pauseRace"}));
 }
 
 void tst_CKelmoMainDialog::competitionAsksForANameAndStarts()
@@ -1020,6 +1044,17 @@ void tst_CKelmoMainDialog::uncheckedSimulatorStaysHidden()
     QVERIFY(fixture.activate());
     fixture.dialog.vSetUiRaceStarted();
     QVERIFY(!fixture.dialog.findChild<CKelmoPortSimulator*>()->isVisible());
+}
+
+void tst_CKelmoMainDialog::clearingTheSimulatorEntryClosesIt()
+{
+    MainDialogFixture fixture;
+    fixture.action(CMainMenu::Simulator)->setChecked(true);
+    fixture.dialog.vSetUiRaceStarted();
+    const auto* simulator = fixture.dialog.findChild<CKelmoPortSimulator*>();
+    QVERIFY(simulator->isVisible());
+    fixture.action(CMainMenu::Simulator)->setChecked(false);
+    QVERIFY(!simulator->isVisible());
 }
 
 void tst_CKelmoMainDialog::qrCodeOfACarSelectsIt()
