@@ -508,6 +508,10 @@ void tst_CKelmoMainDialog::pauseAndResumeAlternate()
     fixture.dialog.vSetUiRaceResumed();
     fixture.action(CMainMenu::PauseRace)->trigger();
     QCOMPARE(paused.count(), 2);
+    fixture.dialog.vSetUiRacePaused();
+    fixture.dialog.vSetUiRaceStarted(); // a new race isn't paused
+    fixture.action(CMainMenu::PauseRace)->trigger();
+    QCOMPARE(paused.count(), 3);
     QCOMPARE(resumed.count(), 1);
 }
 
