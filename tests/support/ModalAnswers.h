@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -49,7 +50,11 @@ private:
             answer = m_answers.front();
             m_answers.pop_front();
         }
-        QTimer::singleShot(0, dialog, [answer, dialog] { answer(dialog); });
+        QTimer::singleShot(0, dialog, [answer, dialog = QPointer<QDialog>(dialog)] {
+            answer(dialog);
+            if (dialog && QTest::currentTestFailed())
+                dialog->reject(); // a check that failed has left the answer before it closed the window
+        });
     }
 
     std::deque<Answer> m_answers;
