@@ -55,6 +55,7 @@ private Q_SLOTS:
     void twoBoxesOnTwoLinesShareARace();
     void everyLapOfAThousandIsCountedOnce();
     void junkOnTheLineLosesNoLap();
+    void aCodeThatIsTheChaosButtonPausesAndResumes();
     void theBoxGetsItsParametersWhenItAsks();
     void aPulledCableDisturbsNothingAndTheNextRaceOpensTheLineAnew();
 
@@ -201,6 +202,33 @@ void tst_racecontrol_race::junkOnTheLineLosesNoLap()
     QTRY_COMPARE_WITH_TIMEOUT(laps(0), 10, 30000);
     QCOMPARE(lapTimes(0), QVector<int>(10, 4800));
     QCOMPARE(laps(1), 0);
+}
+
+void tst_racecontrol_race::aCodeThatIsTheChaosButtonPausesAndResumes()
+{
+    RaceBox box;
+    QVERIFY(box.start({}));
+    CRaceway raceway = onOneBox(box.path());
+    CRaceControlIo io;
+    io.readSettings(raceway.ioSettings);
+    io.setPortState(PortId::ChaosButton, Rest | Box1Bit, false);
+    raceway.ioSettings = io.writeSettings();
+    raceway.chaosButtonAvailable = true;
+    CRace& race = makeRace(raceway);
+    race.vStartQuickRace();
+    press(box, 0, 10000);
+    QTRY_VERIFY(hasCrossed(0));
+    box.command("event 0x0204 11000");
+    QTRY_VERIFY(race.isPaused());
+    box.command("event 0x0204 11199"); // the dead time is in ticks, too
+    press(box, 0, 12000);
+    box.command("event 0x0204 13000");
+    QTRY_VERIFY(!race.isPaused());
+    QCOMPARE(laps(0), 0);
+    press(box, 0, 14000);
+    press(box, 0, 18000);
+    QTRY_COMPARE(laps(0), 1);
+    QCOMPARE(lapTimes(0), QVector<int>{4000});
 }
 
 void tst_racecontrol_race::theBoxGetsItsParametersWhenItAsks()
