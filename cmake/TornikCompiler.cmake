@@ -15,6 +15,7 @@ endif()
 add_library(tornik_options INTERFACE)
 target_compile_options(tornik_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments> # qCDebug
     $<$<BOOL:${TORNIK_WARNINGS_AS_ERRORS}>:-Werror>)
 target_compile_definitions(tornik_options INTERFACE
     QT_DEPRECATED_WARNINGS)
