@@ -37,6 +37,105 @@
     </message>
 </context>
 <context>
+    <name>CAvailableFeaturesPage</name>
+    <message>
+        <source>Chaostaste vorhanden</source>
+        <translation>Chaos button present</translation>
+    </message>
+    <message>
+        <source>Externes Signal für Chaosphase vorhanden</source>
+        <translation>External signal for chaos phase present</translation>
+    </message>
+    <message>
+        <source>Bahnstromabschaltung vorhanden</source>
+        <translation>Track power can be switched</translation>
+    </message>
+    <message>
+        <source>Externe Startampel vorhanden</source>
+        <translation>External start lights present</translation>
+    </message>
+    <message>
+        <source>Separate Start- und Zielsensoren (z.B. Dragstrip oder Bergrennstrecke)</source>
+        <translation>Separate start and finish sensors (e.g. drag strip or hill climb)</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Zusatzfunktionen&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Additional features&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Bitte auswählen welche Zusatzfunktionen an der Bahn vorhanden sind und angesteuert werden sollen.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Please choose which additional features the raceway has and shall use.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Sektorensensoren je Spur:</source>
+        <translation>Sector sensors per track:</translation>
+    </message>
+    <message>
+        <source>Tanksensoren je Spur:</source>
+        <translation>Fuel sensors per track:</translation>
+    </message>
+    <message>
+        <source>Keine</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Die ganze Bahn wird als ein Sektor betrachtet der zwischen Start und Ziel liegt.</source>
+        <translation>The whole raceway is taken as one sector between start and finish.</translation>
+    </message>
+    <message>
+        <source>Ein Sektorsensor (zwei Sektoren)</source>
+        <translation>One sector sensor (two sectors)</translation>
+    </message>
+    <message>
+        <source>Die Bahn ist in zwei Sektoren unterteilt.&lt;br&gt;Sektor 1: Start -&gt; Sektorsensor&lt;br&gt;Sektor 2: Sektorsensor -&gt; Ziel</source>
+        <translation>The raceway is divided into two sectors.&lt;br&gt;Sector 1: start -&gt; sector sensor&lt;br&gt;Sector 2: sector sensor -&gt; finish</translation>
+    </message>
+    <message>
+        <source>Zwei Sektorsensoren (drei Sektoren)</source>
+        <translation>Two sector sensors (three sectors)</translation>
+    </message>
+    <message>
+        <source>Die Bahn ist in drei Sektoren unterteilt.&lt;br&gt;Sektor 1: Start -&gt; Sektorsensor 1&lt;br&gt;Sektor 2: Sektorsensor 1 -&gt; Sektorsensor 2&lt;br&gt;Sektor 3: Sektorsensor 2 -&gt; Ziel</source>
+        <translation>The raceway is divided into three sectors.&lt;br&gt;Sector 1: start -&gt; sector sensor 1&lt;br&gt;Sector 2: sector sensor 1 -&gt; sector sensor 2&lt;br&gt;Sector 3: sector sensor 2 -&gt; finish</translation>
+    </message>
+    <message>
+        <source>Die Bahn hat keine separaten Sensoren für die Tankfunktion.&lt;BR&gt; In diesem Fall kann die Tankfunktion nur mit dem Start/Ziel Sensor genutzt werden.</source>
+        <translation>The raceway has no separate sensors for refuelling.&lt;BR&gt; In this case refuelling can only be used with the start/finish sensor.</translation>
+    </message>
+    <message>
+        <source>ein Tanksensor</source>
+        <translation>one fuel sensor</translation>
+    </message>
+    <message>
+        <source>Die Bahn besitzt einen separaten Tanksensor je Spur.&lt;BR&gt; Solange der Sensor aktiv ist wird getankt. Wird der Sensor inaktiv endet der Tankvorgang.</source>
+        <translation>The raceway has a separate fuel sensor per track.&lt;BR&gt; The car is refuelled as long as the sensor is active. Refuelling ends when the sensor becomes inactive.</translation>
+    </message>
+    <message>
+        <source>Zone mit Start/Ziel als Beginsensor und Endesensor</source>
+        <translation>Zone with start/finish as begin sensor and an end sensor</translation>
+    </message>
+    <message>
+        <source>Jede Spur hat eine Tankzone nach dem Start/Ziel Sensor.&lt;BR&gt; Der Tankvorgang startet wenn der Start/Ziel Sensor detektiert wurde und endet, wenn der Endesensor detektiert wurde.</source>
+        <translation>Each track has a fuel zone behind the start/finish sensor.&lt;BR&gt; Refuelling starts when the start/finish sensor was detected and ends when the end sensor was detected.</translation>
+    </message>
+    <message>
+        <source>Zone mit Beginsensor und Start/Ziel als Endesensor</source>
+        <translation>Zone with a begin sensor and start/finish as end sensor</translation>
+    </message>
+    <message>
+        <source>Jede Spur hat eine Tankzone vor dem Start/Ziel Sensor.&lt;BR&gt; Der Tankvorgang startet wenn der Beginsensor detektiert wurde und endet, wenn der Start/Ziel Sensor detektiert wurde.</source>
+        <translation>Each track has a fuel zone before the start/finish sensor.&lt;BR&gt; Refuelling starts when the begin sensor was detected and ends when the start/finish sensor was detected.</translation>
+    </message>
+    <message>
+        <source>Zone mit Begin- und Endesensor</source>
+        <translation>Zone with begin and end sensors</translation>
+    </message>
+    <message>
+        <source>Jede Spur hat eine Tankzone mit separaten Sensoren für den Begin und das Ende der Zone.&lt;BR&gt; Der Tankvorgang startet wenn der Beginsensor detektiert wurde und endet, wenn der Endesensor detektiert wurde.</source>
+        <translation>Each track has a fuel zone with separate sensors for the begin and the end of the zone.&lt;BR&gt; Refuelling starts when the begin sensor was detected and ends when the end sensor was detected.</translation>
+    </message>
+</context>
+<context>
     <name>CCarList</name>
     <message>
         <source>Freifeld %1</source>
@@ -117,6 +216,44 @@
     <message>
         <source>Reservelevel</source>
         <translation>Reserve level</translation>
+    </message>
+</context>
+<context>
+    <name>CChaosButtonPage</name>
+    <message>
+        <source>&lt;b&gt;Zustand "Chaostaste gedrückt" eingeben&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Enter the state "chaos button pressed"&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte halten Sie jetzt die Chaostaste gedrückt und drücken Sie die Schaltfläche "Ermitteln".</source>
+        <translation>Please hold the chaos button down now and press the button "Learn".</translation>
+    </message>
+    <message>
+        <source>Zustand "Chaostaste gedrückt":</source>
+        <translation>State "chaos button pressed":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 an dem die Chaostaste angeschlossen ist.</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 to which the chaos button is connected.</translation>
+    </message>
+    <message>
+        <source>Pin für Chaostaste:</source>
+        <translation>Pin of the chaos button:</translation>
+    </message>
+</context>
+<context>
+    <name>CChaosPhaseOutputPage</name>
+    <message>
+        <source>&lt;b&gt;Portpin für "Signal während Chaosphase" angeben&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Port pin of the "signal during chaos phase"&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Anschluß über den eine aktive Chaosphase signalisiert werden soll.</source>
+        <translation>Please choose the connection that shall signal an active chaos phase.</translation>
+    </message>
+    <message>
+        <source>Signal während Chaosphase:</source>
+        <translation>Signal during chaos phase:</translation>
     </message>
 </context>
 <context>
@@ -218,6 +355,17 @@
     </message>
 </context>
 <context>
+    <name>CFinishPage</name>
+    <message>
+        <source>&lt;b&gt;Fertigstellen&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Finish&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Sie haben nun alle erforderlichen Daten zum erstellen einer neuen Rennstrecke eingegeben. Drücken Sie jetzt "Fertigstellen" um die Rennstrecke mit den von Ihnen gemachten Einstellungen zu speichern.</source>
+        <translation>You have now entered all data that a new raceway needs. Press "Finish" now to save the raceway with your settings.</translation>
+    </message>
+</context>
+<context>
     <name>CInfoFrame</name>
     <message>
         <source> Renninformationen </source>
@@ -296,6 +444,116 @@
     </message>
 </context>
 <context>
+    <name>CIoInterfacePage</name>
+    <message>
+        <source>&lt;b&gt;Hardware Interface konfigurieren&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Configure the hardware interface&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie die Hardware Schnittstelle über welche Ihre Bahn mit dem Computer verbunden ist und geben Sie ggf. die notwendigen Konfigurationsdaten an.</source>
+        <translation>Please choose the hardware interface that connects your raceway with the computer and enter its configuration where needed.</translation>
+    </message>
+    <message>
+        <source>Parallel Port</source>
+        <translation>Parallel Port</translation>
+    </message>
+    <message>
+        <source>IO-Warrior24</source>
+        <translation>IO-Warrior24</translation>
+    </message>
+    <message>
+        <source>IO-Warrior40</source>
+        <translation>IO-Warrior40</translation>
+    </message>
+    <message>
+        <source>Carrera CU</source>
+        <translation>Carrera CU</translation>
+    </message>
+    <message>
+        <source>IO-Warrior56</source>
+        <translation>IO-Warrior56</translation>
+    </message>
+    <message>
+        <source>IO-Warrior28</source>
+        <translation>IO-Warrior28</translation>
+    </message>
+    <message>
+        <source>IO-Warrior100</source>
+        <translation>IO-Warrior100</translation>
+    </message>
+    <message>
+        <source>L&amp;T AT2560</source>
+        <translation>L&amp;T AT2560</translation>
+    </message>
+    <message>
+        <source>Hardware Schnittstelle:</source>
+        <translation>Hardware interface:</translation>
+    </message>
+    <message>
+        <source>Zur Verbindung mit einer Carrera Control Unit wird ein&lt;br&gt;Datenkabel benötigt, welches die Verbindung mittels&lt;br&gt;serieller Schnittstelle herstellt.</source>
+        <translation>To connect a Carrera Control Unit a data cable&lt;br&gt;is needed that makes the connection over&lt;br&gt;a serial port.</translation>
+    </message>
+    <message>
+        <source>Serielle Schnittstelle</source>
+        <translation>Serial port</translation>
+    </message>
+    <message>
+        <source>Die Light &amp; Time AT2560 Hardware wird&lt;br&gt;über eine virtuelle serielle Schnittstelle&lt;br&gt;verbunden.</source>
+        <translation>The Light &amp; Time AT2560 hardware is&lt;br&gt;connected over a virtual serial&lt;br&gt;port.</translation>
+    </message>
+    <message>
+        <source>Es werden bis zu vier RaceControl Geräte unterstützt. &lt;br&gt;Bitte wählen Sie die seriellen Schnittstellen für Ihre RaceControl &lt;br&gt;Hardware.</source>
+        <translation>Up to four RaceControl devices are supported. &lt;br&gt;Please choose the serial ports of your RaceControl &lt;br&gt;hardware.</translation>
+    </message>
+    <message>
+        <source>RaceControl 1</source>
+        <translation>RaceControl 1</translation>
+    </message>
+    <message>
+        <source>RaceControl 2</source>
+        <translation>RaceControl 2</translation>
+    </message>
+    <message>
+        <source>RaceControl 3</source>
+        <translation>RaceControl 3</translation>
+    </message>
+    <message>
+        <source>RaceControl 4</source>
+        <translation>RaceControl 4</translation>
+    </message>
+    <message>
+        <source>nicht vorhanden</source>
+        <translation>not present</translation>
+    </message>
+    <message>
+        <source>RaceControl</source>
+        <translation>RaceControl</translation>
+    </message>
+</context>
+<context>
+    <name>CKelmoMain</name>
+    <message>
+        <source>System herunterfahren</source>
+        <translation>Shut down the system</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Sofort herunterfahren</source>
+        <translation>Shut down now</translation>
+    </message>
+    <message>
+        <source>Vorgang fortsetzen?</source>
+        <translation>Continue?</translation>
+    </message>
+    <message>
+        <source>Das System wird in %1 Sekunden heruntergefahren</source>
+        <translation>The system will be shut down in %1 seconds</translation>
+    </message>
+</context>
+<context>
     <name>CKelmoMainDialog</name>
     <message>
         <source>Tornik</source>
@@ -324,6 +582,25 @@
     <message>
         <source>CSV-Datei (*.csv)</source>
         <translation>CSV file (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>CKelmoNetworkClient</name>
+    <message>
+        <source>Verbindungsanfrage wurde von der Gegenstelle abgelehnt. Stellen Sie sicher, dass der Server läuft und die Verbindungseinstellungen korrekt sind.</source>
+        <translation>The connection was refused by the other side. Make sure that the server runs and that the connection settings are right.</translation>
+    </message>
+    <message>
+        <source>Verbindung wurde unterbrochen.</source>
+        <translation>The connection was interrupted.</translation>
+    </message>
+    <message>
+        <source>Server nicht gefunden. Bitte überprüfen Sie die angegebene Adresse und den Port.</source>
+        <translation>Server not found. Please check the given address and port.</translation>
+    </message>
+    <message>
+        <source>RaceSettings falsch! %1 zu %2</source>
+        <translation>RaceSettings wrong! %1 to %2</translation>
     </message>
 </context>
 <context>
@@ -383,6 +660,61 @@
     <message>
         <source>Chaostaste</source>
         <translation>Chaos button</translation>
+    </message>
+</context>
+<context>
+    <name>CKelmoRaceAnalyzer</name>
+    <message>
+        <source>&amp;Schliessen</source>
+        <translation>C&amp;lose</translation>
+    </message>
+    <message>
+        <source>E&amp;xportieren</source>
+        <translation>E&amp;xport</translation>
+    </message>
+    <message>
+        <source>Schnellsten Runden</source>
+        <translation>Fastest Laps</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Filter: &lt;/b&gt;</source>
+        <translation>&lt;b&gt;Filter: &lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Rennstrecke&amp;nbsp;&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Raceway&amp;nbsp;&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Fahrspur&amp;nbsp;&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Track&amp;nbsp;&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Fahrer&amp;nbsp;&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Driver&amp;nbsp;&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Fahrzeug&amp;nbsp;&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Car&amp;nbsp;&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;beliebig&gt;</source>
+        <translation>&lt;any&gt;</translation>
+    </message>
+    <message>
+        <source>Spur %1</source>
+        <translation>Track %1</translation>
+    </message>
+    <message>
+        <source>Liste der schnellsten Runden exportieren nach ...</source>
+        <translation>Export list of fastest laps to ...</translation>
+    </message>
+    <message>
+        <source>fastestLapList.csv</source>
+        <translation>fastestLapList.csv</translation>
+    </message>
+    <message>
+        <source>CSV-Datei (*.csv)</source>
+        <translation>CSV file (*.csv)</translation>
     </message>
 </context>
 <context>
@@ -547,6 +879,82 @@
     <message>
         <source>einschalten</source>
         <translation>switch on</translation>
+    </message>
+</context>
+<context>
+    <name>COpenPage</name>
+    <message>
+        <source>&lt;b&gt;Zustand "offen" eingeben&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Enter the state "open"&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte versetzen Sie die Impulsfahrbahn und alle anderen Sensoren (z.B. Chaostaste falls vorhanden) in den Zustand "offen" und drücken Sie die Schaltfläche "Ermitteln".</source>
+        <translation>Please bring the sensor track and all other sensors (e.g. the chaos button, if present) into the state "open" and press the button "Learn".</translation>
+    </message>
+    <message>
+        <source>Zustand "offen":</source>
+        <translation>State "open":</translation>
+    </message>
+</context>
+<context>
+    <name>CParallelPortForm</name>
+    <message>
+        <source>Data Register</source>
+        <translation>Data Register</translation>
+    </message>
+    <message>
+        <source>Status Register</source>
+        <translation>Status Register</translation>
+    </message>
+    <message>
+        <source>Control Register</source>
+        <translation>Control Register</translation>
+    </message>
+    <message>
+        <source>Data Register: Pin 2 bis Pin 9&lt;br&gt;Status Register: Pin 10 bis Pin 13 und Pin 15&lt;br&gt;Control Register: Pin 1, Pin 14, Pin 16 und Pin 17&lt;br&gt;Für Ausgänge (z.B. Startampel) wird immer das Data Register verwendet.</source>
+        <translation>Data register: pin 2 to pin 9&lt;br&gt;Status register: pin 10 to pin 13 and pin 15&lt;br&gt;Control register: pin 1, pin 14, pin 16 and pin 17&lt;br&gt;Outputs (e.g. start lights) always use the data register.</translation>
+    </message>
+    <message>
+        <source>Port Adresse:</source>
+        <translation>Port address:</translation>
+    </message>
+    <message>
+        <source>Register für Sensoren:</source>
+        <translation>Register for sensors:</translation>
+    </message>
+    <message>
+        <source>Register für Ausgänge:</source>
+        <translation>Register for outputs:</translation>
+    </message>
+</context>
+<context>
+    <name>CPortOutputWidget</name>
+    <message>
+        <source>invers</source>
+        <translation>inverted</translation>
+    </message>
+</context>
+<context>
+    <name>CPortStatusWidget</name>
+    <message>
+        <source>Ermitteln</source>
+        <translation>Learn</translation>
+    </message>
+</context>
+<context>
+    <name>CPowerOffFeaturePage</name>
+    <message>
+        <source>&lt;b&gt;Portpin für "Bahnstromabschaltung" angeben&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Port pin of the "track power switch"&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie für jede Spur den Anschluß über den die Bahnstromabschaltung gesteuert wird.</source>
+        <translation>Please choose for each track the connection that switches its power.</translation>
+    </message>
+    <message>
+        <source>Bahnstromabschaltung für Spur</source>
+        <extracomment>followed by the number of the track</extracomment>
+        <translation>Power switch of track</translation>
     </message>
 </context>
 <context>
@@ -825,6 +1233,221 @@ race will be saved under this name.</translation>
     </message>
 </context>
 <context>
+    <name>CRacewayWizard</name>
+    <message>
+        <source>Rennstrecken Wizard</source>
+        <translation>Raceway Wizard</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardDebounceTimePage</name>
+    <message>
+        <source>&lt;b&gt;Minimale Rundenzeit angeben&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Enter the minimum lap time&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Bitte geben Sie die minimal mögliche Rundenzeit in ms an. Rundenzeiten die kleiner sind werden als Fehlmessung interpretiert und verworfen.&lt;/p&gt;&lt;p&gt;Der Wert sollte deutlich unter der bisherigen schnellsten Runde mit dem schnellsten Fahrzeug gewählt werden. Sind z.B. bisher bestenfalls Zeiten knapp über 6s gefahren worden, wären 5000ms ein guter Wert.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Please enter the shortest possible lap time in ms. Shorter lap times are taken as wrong measurements and dropped.&lt;/p&gt;&lt;p&gt;The value should be well below the fastest lap so far with the fastest car. If, for example, the best times so far are just above 6s, 5000ms would be a good value.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>%1 bis %2 ms</source>
+        <translation>%1 to %2 ms</translation>
+    </message>
+    <message>
+        <source>Minimale gültige Rundenzeit:</source>
+        <translation>Minimum valid lap time:</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardEndSensorPage</name>
+    <message>
+        <source>&lt;b&gt;Rundenende Sensor Spur %1&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Lap end sensor of track %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte aktivieren Sie jetzt den Sensor der das Rundenende für die Spur %1 erkennen soll und drücken Sie die Schaltfläche "Ermitteln".</source>
+        <translation>Please activate the sensor now that shall detect the end of a lap on track %1 and press the button "Learn".</translation>
+    </message>
+    <message>
+        <source>Zustand "Rundenende Spur %1 aktiviert":</source>
+        <translation>State "lap end of track %1 active":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 der das Rundenende für die Spur %1 erkennen soll.</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 that shall detect the end of a lap on track %1.</translation>
+    </message>
+    <message>
+        <source>Pin für Rundenende Spur %1:</source>
+        <translation>Pin of the lap end of track %1:</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardFuelFinishedSensorPage</name>
+    <message>
+        <source>&lt;b&gt;Endesensor Tankzone Spur %1&lt;/b&gt;</source>
+        <translation>&lt;b&gt;End sensor of the fuel zone of track %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte aktivieren Sie jetzt den Sensor der das Ende der Tankzone für die Spur %1 darstellt und drücken Sie die Schaltfläche "Ermitteln" oder geben Sie den hexadezimalen Wert der den Zustand "Tankzonen Endesensor Spur %1  aktiviert" repräsentiert in das Eingabefeld ein.</source>
+        <translation>Please activate the sensor now that is the end of the fuel zone of track %1 and press the button "Learn", or enter the hexadecimal value of the state "end sensor of the fuel zone of track %1 active" into the field.</translation>
+    </message>
+    <message>
+        <source>Zustand "Ende Tankzone Spur %1 aktiviert":</source>
+        <translation>State "end of fuel zone of track %1 active":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 der das Ende der Tankzone für die Spur %1 detektiert.</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 that detects the end of the fuel zone of track %1.</translation>
+    </message>
+    <message>
+        <source>Pin für Ende Tankzone Spur %1:</source>
+        <translation>Pin of the end of the fuel zone of track %1:</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardFuelSensorPage</name>
+    <message>
+        <source>&lt;b&gt;Tanksensor Spur %1&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Fuel sensor of track %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte aktivieren Sie jetzt den Tanksensor für die Spur %1 und drücken Sie die Schaltfläche "Ermitteln" oder geben Sie den hexadezimalen Wert der den Zustand "Tanksensor Spur %1  aktiviert" repräsentiert in das Eingabefeld ein.</source>
+        <translation>Please activate the fuel sensor of track %1 now and press the button "Learn", or enter the hexadecimal value of the state "fuel sensor of track %1 active" into the field.</translation>
+    </message>
+    <message>
+        <source>Zustand "Tanksensor Spur %1 aktiviert":</source>
+        <translation>State "fuel sensor of track %1 active":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 an dem der Tanksensor für Spur %1 angeschlossen ist.</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 to which the fuel sensor of track %1 is connected.</translation>
+    </message>
+    <message>
+        <source>Pin für Tanksensor Spur %1:</source>
+        <translation>Pin of the fuel sensor of track %1:</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardLightsPage</name>
+    <message>
+        <source>&lt;b&gt;Portpins für "Externe Startampel" angeben&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Port pins of the "external start lights"&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Bitte wählen Sie die jeweiligen Ausgänge um die Rotlichter und das Grünlicht anzusteuern. Die Rotlichter werden der Reihenfolge nach angesteuert, also Rotlicht 1 zuerst, dann Rotlicht 2 usw.&lt;/p&gt;&lt;p&gt;Bei weniger als 5 Rotlichtern an der externen Startampel müssen die vorderen Rotlichter auf "---" gestellt werden. Also z.B. falls die externe Startampel nur 4 Rotlichter besitzt, muß hier für Rotlicht 1 "---" gewählt werden.&lt;br&gt;Falls kein Grünlicht vorhanden ist, muß dieser ausgang ebenfalls auf "---" konfiguriert werden.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Please choose the outputs that switch the red lights and the green light. The red lights are switched in their order, red light 1 first, then red light 2 and so on.&lt;/p&gt;&lt;p&gt;With fewer than 5 red lights the first ones must be set to "---". For example, if the external start lights have only 4 red lights, "---" must be chosen for red light 1.&lt;br&gt;If there is no green light, its output must be set to "---", too.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Rotlicht</source>
+        <extracomment>followed by the number of the lamp</extracomment>
+        <translation>Red light</translation>
+    </message>
+    <message>
+        <source>Grünlicht:</source>
+        <translation>Green light:</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardSector2SensorPage</name>
+    <message>
+        <source>&lt;b&gt;Sektor zwei Beginnsensor Spur %1&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Begin sensor of sector two, track %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte aktivieren Sie jetzt den Sektorsensor der den Beginn des zweiten Sektors für die Spur %1 erkennen soll und drücken Sie die Schaltfläche "Ermitteln".</source>
+        <translation>Please activate the sector sensor now that shall detect the begin of the second sector of track %1 and press the button "Learn".</translation>
+    </message>
+    <message>
+        <source>Zustand "Sektor 2 Beginnsensor Spur %1 aktiviert":</source>
+        <translation>State "begin of sector 2 of track %1 active":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 für den Sektorsensor der den Beginn des zweiten Sektors für die Spur %1 detektiert.</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 for the sector sensor that detects the begin of the second sector of track %1.</translation>
+    </message>
+    <message>
+        <source>Pin für Sektor 2 Beginnsensor Spur %1:</source>
+        <translation>Pin of the begin of sector 2 of track %1:</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardSector3SensorPage</name>
+    <message>
+        <source>&lt;b&gt;Sektor drei Beginnsensor Spur %1&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Begin sensor of sector three, track %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte aktivieren Sie jetzt den Sektorsensor der den Beginn des dritten Sektors für die Spur %1 erkennen soll und drücken Sie die Schaltfläche "Ermitteln".</source>
+        <translation>Please activate the sector sensor now that shall detect the begin of the third sector of track %1 and press the button "Learn".</translation>
+    </message>
+    <message>
+        <source>Zustand "Sektor 3 Beginnsensor Spur %1 aktiviert":</source>
+        <translation>State "begin of sector 3 of track %1 active":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 für den Sektorsensor der den Beginn des dritten Sektors für die Spur %1 detektiert.</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 for the sector sensor that detects the begin of the third sector of track %1.</translation>
+    </message>
+    <message>
+        <source>Pin für Sektor 3 Beginnsensor Spur %1:</source>
+        <translation>Pin of the begin of sector 3 of track %1:</translation>
+    </message>
+</context>
+<context>
+    <name>CRwWizardSlotPage</name>
+    <message>
+        <source>&lt;b&gt;Einstellungen Spur %1&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Settings of track %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Bitte aktivieren Sie jetzt die Impulsfahrbahn für die Spur %1 und drücken Sie die Schaltfläche "Ermitteln" oder geben Sie den hexadezimalen Wert der den Zustand "Spur %1 aktiviert" repräsentiert in das Eingabefeld ein. Geben Sie bitte auch die Spurlänge in cm an (0 = keine Längenangabe).</source>
+        <translation>Please activate the sensor of track %1 now and press the button "Learn", or enter the hexadecimal value of the state "track %1 active" into the field. Please enter the length of the track in cm, too (0 = no length).</translation>
+    </message>
+    <message>
+        <source>Zustand "Spur %1 aktiviert":</source>
+        <translation>State "track %1 active":</translation>
+    </message>
+    <message>
+        <source>Bitte wählen Sie den Eingang an Ihrem Light &amp; Time AT2560 an dem der Sensor für Spur %1 angeschlossen ist. Geben Sie bitte auch die Spurlänge in cm an (0 = keine Längenangabe).</source>
+        <translation>Please choose the input of your Light &amp; Time AT2560 to which the sensor of track %1 is connected. Please enter the length of the track in cm, too (0 = no length).</translation>
+    </message>
+    <message>
+        <source>Pin für Spur %1:</source>
+        <translation>Pin of track %1:</translation>
+    </message>
+    <message>
+        <source>Spurlänge in cm:</source>
+        <translation>Length of the track in cm:</translation>
+    </message>
+</context>
+<context>
+    <name>CStartPage</name>
+    <message>
+        <source>&lt;b&gt;Name und Anzahl der Slots&lt;/b&gt;</source>
+        <translation>&lt;b&gt;Name and number of slots&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Bitte den Namen der Rennstrecke (maximal 32 Zeichen), die Anzahl der Slots (1-8) und den Maßstab (optional, 0 = kein Maßstab) eingeben.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Please enter the name of the raceway (at most 32 characters), the number of slots (1-8) and the scale (optional, 0 = no scale).&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Name der Rennstrecke:</source>
+        <translation>Name of the raceway:</translation>
+    </message>
+    <message>
+        <source>Anzahl der Slots:</source>
+        <translation>Number of slots:</translation>
+    </message>
+    <message>
+        <source>Maßstab (optional): &lt;b&gt;1/&lt;/b&gt;</source>
+        <translation>Scale (optional): &lt;b&gt;1/&lt;/b&gt;</translation>
+    </message>
+</context>
+<context>
     <name>CTrackDisplay</name>
     <message>
         <source>LAST</source>
@@ -1043,6 +1666,25 @@ race will be saved under this name.</translation>
     <message>
         <source>Die meisten gefahrenen Runden bzw. Rundenlimit als erster erreicht</source>
         <translation>Most laps driven, or first at the lap limit</translation>
+    </message>
+</context>
+<context>
+    <name>ComplexWizard</name>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>&lt; &amp;Zurück</source>
+        <translation>&lt; &amp;Back</translation>
+    </message>
+    <message>
+        <source>Weiter &gt;</source>
+        <translation>Next &gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Fertigstellen</source>
+        <translation>&amp;Finish</translation>
     </message>
 </context>
 <context>
