@@ -328,16 +328,18 @@ void CKelmoMainDialog::onSettingsChanged()
 void CKelmoMainDialog::onRaceSettingsChanged()
 {
     const CRaceway& raceway = m_raceSettings->raceway();
+    // A damaged record of the network can tell of thousands.
+    const int tracks = qMin(int(raceway.tracks.size()), CRaceSettings::Slots);
     setUpdatesEnabled(false); // one layout and one repaint for all panels
     m_mainLayout->setEnabled(false);
-    m_panels->rebuild(raceway.tracks.size(), raceway.numberOfSectors, m_clientMode, m_driverList->nameModel(),
+    m_panels->rebuild(tracks, raceway.numberOfSectors, m_clientMode, m_driverList->nameModel(),
                       m_carList->nameModel());
     vPublishDriversAndCarsToTrackDisplays();
     m_mainLayout->setEnabled(true);
     m_mainLayout->activate();
     setUpdatesEnabled(true);
     m_portSimulator->setRaceway(raceway);
-    m_menu->showTrackPower(raceway.pwrOffFeatureAvailable && !m_clientMode, raceway.tracks.size());
+    m_menu->showTrackPower(raceway.pwrOffFeatureAvailable && !m_clientMode, tracks);
     Q_EMIT racewayChanged();
     m_infoFrame->setRacewayName(raceway.name);
     m_infoFrame->setRaceSettings(m_raceSettings);

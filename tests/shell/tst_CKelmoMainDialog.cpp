@@ -147,6 +147,7 @@ class tst_CKelmoMainDialog : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void racewayOfThousandsOfTracksShowsEight();
     void init();
 
     void windowIsFramelessBlackAndNamed();
@@ -1282,6 +1283,15 @@ void tst_CKelmoMainDialog::raceSignalsWithoutSummaryDialogDoNoHarm()
     QVERIFY(fixture.trigger("raceSummaryDialogTrigger"));
     QTest::mouseClick(fixture.dialog.findChild<QLabel*>("additionalInfo"), Qt::LeftButton);
     QCOMPARE(answers.numberOfWindows(), 0);
+}
+
+void tst_CKelmoMainDialog::racewayOfThousandsOfTracksShowsEight()
+{
+    MainDialogFixture program;
+    program.dialog.enableClientMode();
+    program.setRaceway(racewayWithTracks(3000));
+    QVERIFY(program.track(8));
+    QVERIFY(!program.track(9));
 }
 
 QTEST_MAIN(tst_CKelmoMainDialog)
