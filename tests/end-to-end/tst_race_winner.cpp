@@ -165,10 +165,10 @@ void tst_race_winner::addConstancy()
                  constancy(1, "00:01:000", "00:09:000", "00:10:200"));
     constancyRow("around a target: a track without laps can't be beaten", true, 0, {{10000, 10001}, {}},
                  second, constancy(2, "00:00:000", "00:00:000", "00:00:000"));
-    QStringList track1OfNine{"sieger"};
-    for (int track = 2; track <= 9; ++track)
-        track1OfNine.append("beendet");
-    constancyRow("constancy of more than eight tracks is an error", false, 0, Laps(9), track1OfNine,
+    QStringList track1OfEight{"sieger"}; // the ninth has no panel
+    for (int track = 2; track <= 8; ++track)
+        track1OfEight.append("beendet");
+    constancyRow("constancy of more than eight tracks is an error", false, 0, Laps(9), track1OfEight,
                  "Fehler: Diese Siegbedingung kann nicht auf mehr als 8 Rennteilnehmer angewendet werden.");
 }
 
