@@ -19,7 +19,6 @@ CInputPinWidget::CInputPinWidget(QWidget* parent)
     m_box->addItem("---", NoInput);
     for (int input = 0; input < Inputs; ++input)
         m_box->addItem(QStringLiteral("D%1").arg(input), input);
-    setFocusProxy(m_box);
     connect(m_box, qOverload<int>(&QComboBox::activated), this, &CInputPinWidget::valueChanged);
 
     auto* layout = new QHBoxLayout(this);
@@ -27,6 +26,11 @@ CInputPinWidget::CInputPinWidget(QWidget* parent)
     layout->addWidget(m_label);
     layout->addWidget(m_box);
     layout->addStretch();
+}
+
+QList<QWidget*> CInputPinWidget::controls() const
+{
+    return {m_box};
 }
 
 QString CInputPinWidget::labelText() const

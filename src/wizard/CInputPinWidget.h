@@ -23,6 +23,7 @@ public:
     /** There is no button. */
     QString buttonText() const override { return {}; }
     void setButtonText(const QString& /*text*/) override {}
+    QList<QWidget*> controls() const override;
 
 private:
     QLabel* m_label;

@@ -28,7 +28,6 @@ CPortStatusWidget::CPortStatusWidget(QWidget* parent)
     // Required: the range from "0" to "f" lets capital letters and some punctuation through, too.
     m_edit->setValidator(new QRegExpValidator(QRegExp("0x[0-f]{2,8}"), this));
     m_button->setAutoDefault(false); // the return key goes on to the next page
-    setFocusProxy(m_button);
     connect(m_edit, &QLineEdit::textEdited, this, &CPortStatusWidget::reactToTyping);
     connect(m_button, &QPushButton::clicked, this, &CPortStatusWidget::vScanPort);
 
@@ -68,6 +67,11 @@ QString CPortStatusWidget::buttonText() const
 void CPortStatusWidget::setButtonText(const QString& text)
 {
     m_button->setText(text);
+}
+
+QList<QWidget*> CPortStatusWidget::controls() const
+{
+    return {m_button, m_edit};
 }
 
 void CPortStatusWidget::vScanPort()

@@ -22,6 +22,7 @@ public:
     quint32 value() const override;
     QString buttonText() const override;
     void setButtonText(const QString& text) override;
+    QList<QWidget*> controls() const override;
 
 private Q_SLOTS:
     void vScanPort();

@@ -23,6 +23,16 @@ namespace {
 
 const QSize InitialSize(640, 420);
 
+/** The style of the main window leaves fields, marks and the focus black on black. */
+const char StyleSheet[] =
+    "QLineEdit { border: 1px solid darkgray; selection-background-color: #2a5a8a; selection-color: white; } "
+    "QLineEdit:focus { border-color: #4a90d9; } QComboBox:focus, QCheckBox:focus { color: #4a90d9; } "
+    "QCheckBox::indicator { width: 11px; height: 11px; border: 1px solid darkgray; } "
+    "QCheckBox::indicator:checked { background-color: darkgray; } "
+    "QCheckBox::indicator:disabled { border-color: #464646; } "
+    "QCheckBox:disabled, QComboBox:disabled, QPushButton:disabled { color: #464646; border-color: #464646; } "
+    "QPushButton:default { border-width: 2px; } QPushButton:focus { border-color: #4a90d9; }";
+
 template <typename Page>
 std::array<Page*, PortId::Tracks> makePages(CRacewayWizard* wizard)
 {
@@ -60,6 +70,7 @@ CRacewayWizard::CRacewayWizard(QWidget* parent)
     for (auto* page : findChildren<WizardPage*>(QString()))
         if (page->objectName().isEmpty())
             page->setObjectName(page->metaObject()->className());
+    setStyleSheet(StyleSheet);
     setWindowTitle(tr("Rennstrecken Wizard"));
     resize(InitialSize);
     setFirstPage(m_startPage);

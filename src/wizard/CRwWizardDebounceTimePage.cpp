@@ -1,7 +1,8 @@
 #include "wizard/CRwWizardDebounceTimePage.h"
 
+#include "wizard/CStrictIntValidator.h"
+
 #include <QHBoxLayout>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -26,7 +27,7 @@ CRwWizardDebounceTimePage::CRwWizardDebounceTimePage(CRacewayWizard* wizard)
     m_timeEdit->setObjectName("timeEdit");
     m_timeEdit->setMaxLength(TimeDigits);
     m_timeEdit->setMaximumWidth(TimeWidth);
-    m_timeEdit->setValidator(new QIntValidator(ShortestTime, LongestTime, this));
+    m_timeEdit->setValidator(new CStrictIntValidator(ShortestTime, LongestTime, this));
     m_timeEdit->setToolTip(tr("%1 bis %2 ms").arg(ShortestTime).arg(LongestTime));
     setFocusProxy(m_timeEdit);
     connect(m_timeEdit, &QLineEdit::textChanged, this, &CRwWizardDebounceTimePage::completeStateChanged);

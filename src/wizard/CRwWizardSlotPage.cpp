@@ -61,5 +61,5 @@ void CRwWizardSlotPage::clear()
 
 void CRwWizardSlotPage::stateWidgetMade()
 {
-    setTabOrder(stateWidget(), m_lengthEdit);
+    setTabOrder(stateWidget()->controls().last(), m_lengthEdit);
 }

@@ -38,7 +38,10 @@ void CSensorPage::makeStateWidget()
     else
         m_stateWidget = new CPortStatusWidget(this);
     rows()->insertWidget(0, m_stateWidget);
-    setFocusProxy(m_stateWidget);
+    const QList<QWidget*> controls = m_stateWidget->controls();
+    for (int i = 1; i < controls.size(); ++i)
+        setTabOrder(controls.at(i - 1), controls.at(i));
+    setFocusProxy(controls.first());
     connect(m_stateWidget, &CPortStatusWidgetBase::clicked, this, &CSensorPage::vScanPort);
     connect(m_stateWidget, &CPortStatusWidgetBase::valueChanged, this, &CSensorPage::storeState);
     stateWidgetMade();

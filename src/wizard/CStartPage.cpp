@@ -1,11 +1,11 @@
 #include "wizard/CStartPage.h"
 
 #include "io/PortIds.h"
+#include "wizard/CStrictIntValidator.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -56,7 +56,7 @@ void CStartPage::createFields()
     m_scaleEdit->setObjectName("scaleEdit");
     m_scaleEdit->setMaxLength(ScaleDigits);
     m_scaleEdit->setMaximumWidth(ScaleWidth);
-    m_scaleEdit->setValidator(new QIntValidator(0, LargestScale, this));
+    m_scaleEdit->setValidator(new CStrictIntValidator(0, LargestScale, this));
     setFocusProxy(m_nameEdit);
 }
 

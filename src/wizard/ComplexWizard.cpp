@@ -63,7 +63,7 @@ void ComplexWizard::switchPage(WizardPage* oldPage)
     WizardPage* page = m_history.last();
     m_layout->insertWidget(0, page);
     page->show();
-    page->setFocus();
+    page->setFocus(Qt::TabFocusReason); // selects what can be overwritten
     connect(page, &WizardPage::completeStateChanged, this, &ComplexWizard::completeStateChanged);
     m_backButton->setEnabled(m_history.size() > 1);
     const bool isLast = page->isLastPage();
@@ -113,5 +113,5 @@ void ComplexWizard::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     growToPage();
     if (WizardPage* page = currentPage())
-        page->setFocus();
+        page->setFocus(Qt::TabFocusReason); // selects what can be overwritten
 }

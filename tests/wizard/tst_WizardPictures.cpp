@@ -1,0 +1,156 @@
+#include "data/CRaceway.h"
+#include "shell/MainDialogFixture.h"
+#include "wizard/WizardDriver.h"
+
+#include <QDir>
+#include <QTest>
+#include <QTranslator>
+
+namespace {
+
+/** What a widget shows doesn't fit: its height, at its width, is less than its text takes. */
+bool isClipped(const QWidget& widget)
+{
+    const int needed = widget.hasHeightForWidth() ? widget.heightForWidth(widget.width())
+                                                  : widget.minimumSizeHint().height();
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    const bool wraps = label && label->wordWrap();
+    const bool isButton = qobject_cast<const QAbstractButton*>(&widget);
+    const bool isTooNarrow = (label || isButton) && !wraps && widget.width() < widget.sizeHint().width();
+    return widget.height() < needed || isTooNarrow;
+}
+
+/** @return the widgets that can be seen and aren't shown whole. */
+QStringList clippedWidgets(const QDialog& dialog)
+{
+    QStringList names;
+    for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+        const bool hasText = qobject_cast<const QLabel*>(widget) ||
+                             qobject_cast<const QAbstractButton*>(widget) ||
+                             qobject_cast<const QComboBox*>(widget) || qobject_cast<const QLineEdit*>(widget);
+        const bool isPart = qobject_cast<const QComboBox*>(widget->parent()); // of what is looked at itself
+        if (!hasText || isPart || !widget->isVisible())
+            continue;
+        const QRect rect(widget->mapTo(const_cast<QDialog*>(&dialog), QPoint()), widget->size());
+        if (!dialog.rect().contains(rect) || isClipped(*widget))
+            names.append(widget->metaObject()->className() + (' ' + widget->objectName()));
+    }
+    return names;
+}
+
+/** @return the controls that the tab key leads to, from the focus on until it is back there. */
+QStringList tabOrder()
+{
+    QStringList names;
+    const QWidget* first = QApplication::focusWidget();
+    do {
+        names.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && names.size() < 100);
+    return names;
+}
+
+void savePicture(QDialog& dialog, const QString& name)
+{
+    const QString directory = qEnvironmentVariable("TORNIK_PICTURES");
+    if (!directory.isEmpty())
+        QVERIFY(dialog.grab().save(QDir(directory).filePath(QString(name).replace(' ', '-') + ".png")));
+}
+
+} // namespace
+
+/** Every page of the wizard as a user sees it; with TORNIK_PICTURES set, for a person to look at. */
+class tst_WizardPictures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyPageIsShownWhole_data();
+    void everyPageIsShownWhole();
+    void theTabKeyLeadsThroughThePageAndThenTheButtons();
+};
+
+void tst_WizardPictures::everyPageIsShownWhole_data()
+{
+    QTest::addColumn<QString>("hardware");
+    QTest::addColumn<bool>("isEnglish");
+    for (const char* hardware : {"Parallel Port", "Carrera CU", "L&T AT2560"}) {
+        QTest::newRow(qPrintable(QString("german %1").arg(hardware))) << QString(hardware) << false;
+        QTest::newRow(qPrintable(QString("english %1").arg(hardware))) << QString(hardware) << true;
+    }
+}
+
+void tst_WizardPictures::everyPageIsShownWhole()
+{
+    QFETCH(QString, hardware);
+    QFETCH(bool, isEnglish);
+    QTranslator translator;
+    if (isEnglish) {
+        const QString other = qEnvironmentVariable("TORNIK_CATALOGUE");
+        QVERIFY(translator.load(other.isEmpty() ? TORNIK_BIN_DIR "/languages/Tornik_en.qm" : other));
+        QApplication::installTranslator(&translator);
+    }
+    MainDialogFixture fixture;
+    CRacewayWizard wizard(&fixture.dialog);
+    CRaceway raceway;
+    int pages = 0;
+    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+        user.describe("Mmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmm", 8);
+        while (pages < 100) {
+            ++pages;
+            if (user.pageName() == "CIoInterfacePage")
+                user.choose("hardwareBox", user.field<QComboBox>("hardwareBox")
+                                               ->findData(hardware == "L&T AT2560"   ? 9
+                                                          : hardware == "Carrera CU" ? 5
+                                                                                     : 1));
+            if (user.pageName() == "CAvailableFeaturesPage") {
+                for (const char* box :
+                     {"chaosBox", "chaosOutputBox", "powerOffBox", "lightsBox", "separateEndBox"})
+                    user.field<QCheckBox>(box)->setChecked(true);
+                user.choose("sectorBox", 2);
+                user.choose("fuelBox", 4);
+            }
+            QCoreApplication::processEvents();
+            savePicture(*user.dialog(), QString(QTest::currentDataTag()) + ' ' + user.pageName());
+            QVERIFY2(clippedWidgets(*user.dialog()).isEmpty(),
+                     qPrintable(user.pageName() + ": " + clippedWidgets(*user.dialog()).join(", ")));
+            const bool isLast = user.page()->isLastPage();
+            QVERIFY(user.button(isLast ? "finishButton" : "nextButton")->isDefault());
+            if (isLast)
+                break;
+            user.next();
+        }
+    });
+    QCOMPARE(pages, (hardware == "L&T AT2560" ? 0 : 1) + 3 + 4 + 8 * 6 + 2);
+}
+
+void tst_WizardPictures::theTabKeyLeadsThroughThePageAndThenTheButtons()
+{
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+        QVERIFY(QTest::qWaitForWindowActive(user.dialog()));
+        user.type("nameEdit", "Bahn");
+        const QStringList first{"nameEdit", "tracksBox", "scaleEdit", "cancelButton", "nextButton"};
+        QCOMPARE(tabOrder(), first);
+        const QStringList buttons{"cancelButton", "backButton", "nextButton"};
+        user.next();
+        QCOMPARE(tabOrder(),
+                 QStringList({"hardwareBox", "addressEdit", "inputRegisterBox", "outputRegisterBox"}) +
+                     buttons);
+        user.next();
+        user.field<QCheckBox>("chaosBox")->setChecked(true);
+        QCOMPARE(tabOrder(), QStringList({"chaosBox", "chaosOutputBox", "powerOffBox", "lightsBox",
+                                          "separateEndBox", "sectorBox", "fuelBox"}) +
+                                 buttons);
+        QVERIFY(user.goTo("CRwWizardSlotPage 1"));
+        QCOMPARE(tabOrder(), QStringList({"learnButton", "stateEdit", "lengthEdit"}) + buttons);
+        QVERIFY(user.goBackTo("COpenPage"));
+        QCOMPARE(tabOrder(), QStringList({"learnButton", "stateEdit"}) + buttons);
+        QVERIFY(user.goTo("CRwWizardDebounceTimePage"));
+        QCOMPARE(tabOrder(), QStringList{"timeEdit"} + buttons);
+    });
+}
+
+QTEST_MAIN(tst_WizardPictures)
+#include "tst_WizardPictures.moc"
