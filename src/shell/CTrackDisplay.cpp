@@ -19,6 +19,15 @@ const char* const TrackColor = "#FFC80A";
 const char* const CommonColor = "#FF3214";
 const char* const LegendColor = "#999999";
 
+constexpr int LongestName = 30; ///< characters that a box makes room for
+
+/** A name of another machine is no entry of the box, so the box must be told how much room it takes. */
+void showForeignName(QComboBox* box, const QString& name)
+{
+    box->setMinimumContentsLength(qMin(name.size(), LongestName));
+    box->setCurrentText(name);
+}
+
 /** Keeps a widget in the middle that can't fill its place: without an alignment it would stand left. */
 class CCentredItem : public QWidgetItem
 {
@@ -73,6 +82,7 @@ void CTrackDisplay::setClientMode(bool clientMode)
         return;
     for (CRichComboBox* box : {m_driverBox, m_carBox}) {
         box->setEditable(true);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
         box->setEnabled(false);
     }
     m_driverQrButton->setEnabled(false);
@@ -202,12 +212,12 @@ QString CTrackDisplay::driverName() const
 
 void CTrackDisplay::setDriverName(const QString& name)
 {
-    m_driverBox->setCurrentText(name);
+    showForeignName(m_driverBox, name);
 }
 
 void CTrackDisplay::setCarName(const QString& name)
 {
-    m_carBox->setCurrentText(name);
+    showForeignName(m_carBox, name);
 }
 
 QSize CTrackDisplay::sizeHint() const

@@ -8,6 +8,7 @@
 #include "sound/SoundOutLib.h"
 #include "support/Ink.h"
 
+#include <QLineEdit>
 #include <QLocale>
 #include <QSignalSpy>
 #include <QStringListModel>
@@ -771,6 +772,28 @@ private Q_SLOTS:
         QVERIFY(!button(panel, "driverQrButton")->isEnabled());
         QVERIFY(!button(panel, "carQrButton")->isEnabled());
         QCOMPARE(own.rowCount(), 1); // the list of this machine stays as it is
+    }
+
+    void clientShowsTheWholeOfANameThatIsInNoBox()
+    {
+        CSettings settings = fullSettings(2);
+        QStringListModel nobody;
+        CTrackDisplay panel(1, &settings, nullptr, 1, 1);
+        panel.setClientMode(true);
+        panel.setSettings(&settings);
+        panel.setDriverModel(&nobody);
+        panel.setCarModel(&nobody);
+        panel.show();
+        for (const QString name : {"Blau #1", "Grün #3", "Jo"}) {
+            panel.setCarName(name);
+            QCoreApplication::processEvents();
+            panel.adjustSize(); // as the dashboard does
+            QCoreApplication::processEvents();
+            const QLineEdit* line = box(panel, "carBox")->lineEdit();
+            QVERIFY2(line->width() > line->fontMetrics().horizontalAdvance(name), qPrintable(name));
+        }
+        panel.setCarName(QString(20000, 'M'));
+        QVERIFY(box(panel, "carBox")->sizeHint().width() < 2000);
     }
 
     void serverModeLeavesBoxesToTheUser()
