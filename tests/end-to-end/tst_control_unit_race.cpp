@@ -6,9 +6,9 @@
 #include "shell/CSettings.h"
 #include "support/ControlUnitDevice.h"
 #include "support/MainThreadWatch.h"
+#include "support/PaperResult.h"
 #include "support/VirtualUnit.h"
 
-#include <QScopeGuard>
 #include <QtTest>
 
 namespace {
@@ -44,6 +44,57 @@ QMap<int, QVector<JournalLap>> lapsOf(const QVector<Crossing>& journal)
     return laps;
 }
 
+/** @return the laps alone, of the tracks from 0. */
+QVector<QVector<int>> lapTimesOf(const QVector<Crossing>& journal, int tracks)
+{
+    const QMap<int, QVector<JournalLap>> laps = lapsOf(journal);
+    QVector<QVector<int>> times(tracks);
+    for (int track = 0; track < tracks; ++track) {
+        for (const JournalLap& lap : laps.value(track + 1))
+            times[track].append(lap.lap);
+    }
+    return times;
+}
+
+/** The unit in the memory of this process, whose clock runs while the reading thread waits for it. */
+class UnitInMemory
+{
+public:
+    explicit UnitInMemory(const ControlUnitSettings& settings, int latency = 0)
+        : m_model(settings, [this] { return m_clock.now; })
+    {
+        m_model.setJournal([this](const Crossing& crossing) { m_journal.append(crossing); });
+        m_clock.atWait = [this] {
+            if (!m_isFinished && m_model.isFinished())
+                m_finished.release();
+            m_isFinished = m_model.isFinished();
+        };
+        CCarreraCu::instance()->setPortMaker([this, latency](const QString&) {
+            return std::make_unique<ControlUnitDevice>(&m_model, &m_clock, latency);
+        });
+    }
+    ~UnitInMemory() { CCarreraCu::release(); } // nobody may read any more
+
+    void pressStart() { m_model.pressStart(); }
+    /** @return whether all laps are driven and read. */
+    bool isFinished() const { return m_finished.available() > 0; }
+    /** Not while somebody reads. */
+    QVector<Crossing> journal() const { return m_journal; }
+    QList<QByteArray> commands() const { return m_model.commands(); }
+    int polls() const { return m_model.polls(); }
+
+private:
+    Q_DISABLE_COPY(UnitInMemory)
+
+    WaitingClock m_clock;
+    ControlUnitModel m_model;
+    QVector<Crossing> m_journal;
+    QSemaphore m_finished;
+    bool m_isFinished = false;
+};
+
+const QStringList DriverNames{"Anna", "Ben", "Carla", "David", "Emma", "Felix", "Greta", "Hans"};
+
 } // namespace
 
 class tst_control_unit_race : public QObject
@@ -58,6 +109,10 @@ private Q_SLOTS:
     void alternatelyRepeatedFramesCountEachLapOnce();
     void faultsOfEveryKindLoseNoLap_data();
     void faultsOfEveryKindLoseNoLap();
+    void theWinnerIsThatOfTheUnitsRecord_data();
+    void theWinnerIsThatOfTheUnitsRecord();
+    void theFirstCarOfTheRecordAtTheLapLimitWinsAndEndsTheRace();
+    void aRaceSwitchesNothingOnTheUnitThoughThePowerIsToldAsSwitched();
     void theLightsFollowTheUnit();
     void theTanksFollowTheUnitWhileARaceRuns();
     void withThreeMembersTheOtherTanksAreIgnored();
@@ -68,32 +123,47 @@ private:
     CRace& makeRace(int tracks, int sectors, const QString& port);
     int totalLaps() const;
     void compareLaps(const QVector<Crossing>& journal, int lapsEach);
-    void raceInMemory(const ControlUnitSettings& settings, int latency, QVector<Crossing>* journal);
+    CRace& startRaceInMemory(const ControlUnitSettings& settings, int latency = 0);
+    void driveAllLaps(const ControlUnitSettings& settings, int latency = 0);
+    QVector<int> winners() const;
+    void letTimeRunOut();
 
     CSettings m_settings;
+    CRaceway m_raceway; ///< what makeRace() adds tracks and interface to
     CRaceSettings m_raceSettings;
+    std::unique_ptr<UnitInMemory> m_unit;
     std::unique_ptr<CRace> m_race;
     QList<int> m_lights;
+    QStringList m_texts;
 };
 
 void tst_control_unit_race::cleanup()
 {
     m_race.reset();
+    m_unit.reset();
     m_lights.clear();
+    m_texts.clear();
+    m_raceway = CRaceway();
+    m_raceSettings = CRaceSettings();
 }
 
-/** Makes a race with a flying start and without an end. */
+/** Makes a race with a flying start and without an end, unless the settings tell another. */
 CRace& tst_control_unit_race::makeRace(int tracks, int sectors, const QString& port)
 {
     CCarreraCuIo io;
     io.setPortName(port);
-    CRaceway raceway(tracks);
-    raceway.ioSettings = io.writeSettings();
-    raceway.numberOfSectors = sectors;
-    m_raceSettings = CRaceSettings();
-    m_raceSettings.setRaceway(raceway);
+    m_raceway.tracks = CRaceway(tracks).tracks;
+    m_raceway.ioSettings = io.writeSettings();
+    m_raceway.numberOfSectors = sectors;
+    m_raceSettings.setRaceway(m_raceway);
+    for (int track = 0; track < tracks; ++track) {
+        CDriver driver;
+        driver.setName(DriverNames[track]);
+        m_raceSettings.setDriver(track, driver);
+    }
     m_race = std::make_unique<CRace>(&m_settings, &m_raceSettings);
     connect(m_race.get(), &CRace::UpdateLights, this, [this](int action) { m_lights.append(action); });
+    connect(m_race.get(), &CRace::raceInfoText, this, [this](const QString& text) { m_texts.append(text); });
     return *m_race;
 }
 
@@ -164,32 +234,41 @@ void tst_control_unit_race::sectorTimesAreThoseOfTheUnit()
     }
 }
 
-/** Drives a race on a unit in memory, whose clock runs while the reading thread waits for it. */
-void tst_control_unit_race::raceInMemory(const ControlUnitSettings& settings, int latency,
-                                         QVector<Crossing>* journal)
+CRace& tst_control_unit_race::startRaceInMemory(const ControlUnitSettings& settings, int latency)
 {
-    WaitingClock clock;
-    ControlUnitModel model(settings, [&clock] { return clock.now; });
-    QSemaphore finished;
-    bool isFinished = false;
-    model.setJournal([&](const Crossing& crossing) { journal->append(crossing); });
-    clock.atWait = [&] {
-        if (!isFinished && model.isFinished())
-            finished.release();
-        isFinished = model.isFinished();
-    };
-    CCarreraCu::instance()->setPortMaker(
-        [&](const QString&) { return std::make_unique<ControlUnitDevice>(&model, &clock, latency); });
+    m_unit = std::make_unique<UnitInMemory>(settings, latency);
     CRace& race = makeRace(settings.cars.size(), settings.sectors, QStringLiteral("memory"));
-    const auto stopReading = qScopeGuard([&race] {
-        race.vStop();
-        QCoreApplication::sendPostedEvents();
-        CCarreraCu::release();
-    });
-    model.pressStart();
+    m_unit->pressStart();
     race.vStartQuickRace();
-    QTRY_VERIFY_WITH_TIMEOUT(finished.available() > 0, 60000);
+    return race;
+}
+
+/** Waits until all laps are driven, and stops the reading, so that the journal can be looked at. */
+void tst_control_unit_race::driveAllLaps(const ControlUnitSettings& settings, int latency)
+{
+    CRace& race = startRaceInMemory(settings, latency);
+    QTRY_VERIFY_WITH_TIMEOUT(m_unit->isFinished(), 60000);
     QTRY_COMPARE(totalLaps(), settings.cars.size() * settings.laps);
+    race.vStop();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(totalLaps(), settings.cars.size() * settings.laps);
+}
+
+/** The race only lends its end condition. */
+void tst_control_unit_race::letTimeRunOut()
+{
+    auto* end = const_cast<CEndCondition*>(m_race->endCondition());
+    QVERIFY(QMetaObject::invokeMethod(end, "endTimerEventOccured", Qt::DirectConnection));
+}
+
+QVector<int> tst_control_unit_race::winners() const
+{
+    QVector<int> winners;
+    for (int track = 0; track < m_race->numberOfMembers(); ++track) {
+        if (m_race->raceMember(track).status() == CRaceMemberStatus::Winner)
+            winners.append(track);
+    }
+    return winners;
 }
 
 void tst_control_unit_race::alternatelyRepeatedFramesCountEachLapOnce()
@@ -200,9 +279,8 @@ void tst_control_unit_race::alternatelyRepeatedFramesCountEachLapOnce()
     settings.speedUp = 20;
     settings.lightStep = 0;
     settings.faults.repeat = 100; // A, B, A, B, A, B: each frame differs from the one before
-    QVector<Crossing> journal;
-    raceInMemory(settings, 0, &journal);
-    compareLaps(journal, 50);
+    driveAllLaps(settings);
+    compareLaps(m_unit->journal(), 50);
 }
 
 void tst_control_unit_race::faultsOfEveryKindLoseNoLap_data()
@@ -245,9 +323,116 @@ void tst_control_unit_race::faultsOfEveryKindLoseNoLap()
     settings.faults.lostEnd = lostEnd;
     settings.faults.badChecksum = badChecksum;
     settings.faults.repeat = 10;
-    QVector<Crossing> journal;
-    raceInMemory(settings, latency, &journal);
-    compareLaps(journal, 25);
+    driveAllLaps(settings, latency);
+    compareLaps(m_unit->journal(), 25);
+}
+
+void tst_control_unit_race::theWinnerIsThatOfTheUnitsRecord_data()
+{
+    QTest::addColumn<int>("rule");
+    QTest::addColumn<bool>("useTarget");
+    QTest::addColumn<int>("ignoredLaps");
+    QTest::newRow("no winner") << 0 << false << 0;
+    QTest::newRow("most laps") << 1 << false << 0;
+    QTest::newRow("fastest lap") << 2 << false << 0;
+    QTest::newRow("lowest average") << 3 << false << 0;
+    QTest::newRow("closest to the target") << 4 << false << 0;
+    QTest::newRow("average closest to the target") << 5 << false << 0;
+    QTest::newRow("constancy") << 6 << false << 0;
+    QTest::newRow("constancy without the worst laps") << 6 << false << 3;
+    QTest::newRow("constancy around a target") << 6 << true << 0;
+    QTest::newRow("constancy around a target without the worst laps") << 6 << true << 3;
+}
+
+void tst_control_unit_race::theWinnerIsThatOfTheUnitsRecord()
+{
+    QFETCH(int, rule);
+    QFETCH(bool, useTarget);
+    QFETCH(int, ignoredLaps);
+    m_raceSettings.setEndType(CRaceSettings::TimeLimit);
+    m_raceSettings.setEndTime(QTime(1, 0));
+    m_raceSettings.setWinningCondition(rule);
+    m_raceSettings.setWinningTargetTime(QTime(0, 0, 6, 200));
+    m_raceSettings.setUseTargetTime(useTarget);
+    m_raceSettings.setNumOfWorstLapsToIgnore(ignoredLaps);
+    ControlUnitSettings settings;
+    settings.cars = {{{6300, 900}, 15}, {{6100, 300}, 15}, {{6400, 100}, 15}, {{6000, 700}, 15}};
+    settings.laps = 12;
+    settings.speedUp = 20;
+    settings.lightStep = 0;
+    settings.faults = {10, 10, 10, 20};
+    CRace& race = startRaceInMemory(settings);
+    QTRY_VERIFY_WITH_TIMEOUT(m_unit->isFinished(), 60000);
+    QTRY_COMPARE(totalLaps(), 48);
+    QVERIFY(race.isRaceActive());
+    QVERIFY(winners().isEmpty());
+    letTimeRunOut();
+    QVERIFY(!race.isRaceActive());
+
+    const PaperResult result(m_raceSettings, lapTimesOf(m_unit->journal(), 4), DriverNames);
+    QCOMPARE(winners(), result.winners());
+    QCOMPARE(winners().isEmpty(), rule == 0);
+    QCOMPARE(m_texts, QStringList({"", "Rennen wurde beendet", result.text()}));
+}
+
+void tst_control_unit_race::theFirstCarOfTheRecordAtTheLapLimitWinsAndEndsTheRace()
+{
+    constexpr int Limit = 10;
+    m_raceSettings.setEndType(CRaceSettings::LapLimit);
+    m_raceSettings.setNumberOfLaps(Limit);
+    m_raceSettings.setWinningCondition(1);
+    ControlUnitSettings settings;
+    settings.cars = {{{6300, 200}, 15}, {{6250, 200}, 15}, {{6000, 200}, 15}, {{6050, 200}, 15}};
+    settings.speedUp = 20;
+    settings.lightStep = 0;
+    settings.faults = {10, 10, 10, 20};
+    CRace& race = startRaceInMemory(settings);
+    QTRY_VERIFY_WITH_TIMEOUT(!race.isRaceActive(), 60000);
+    QCoreApplication::sendPostedEvents(); // what was read until then counts no more
+
+    QVector<Crossing> journal = m_unit->journal();
+    QVector<int> crossings(settings.cars.size());
+    const auto isLastLap = [&](const Crossing& crossing) { return ++crossings[crossing.car - 1] > Limit; };
+    const auto end = std::find_if(journal.begin(), journal.end(), isLastLap);
+    QVERIFY(end != journal.end());
+    const int winner = end->car - 1;
+    journal.erase(end + 1, journal.end());
+    QCOMPARE(winners(), QVector<int>{winner});
+    QCOMPARE(m_texts.last(), QString("Die meisten Runden gefahren hat %1.").arg(DriverNames[winner]));
+    const QVector<QVector<int>> laps = lapTimesOf(journal, settings.cars.size());
+    for (int track = 0; track < laps.size(); ++track) {
+        const CRaceMember member = race.raceMember(track);
+        QCOMPARE(member.numberOfLaps(), laps[track].size());
+        for (int lap = 0; lap < laps[track].size(); ++lap)
+            QCOMPARE(member.lap(lap).lapTime, laps[track][lap]);
+    }
+}
+
+/** The unit has its own switches for the track and its own lamps. */
+void tst_control_unit_race::aRaceSwitchesNothingOnTheUnitThoughThePowerIsToldAsSwitched()
+{
+    m_raceway.pwrOffFeatureAvailable = true;
+    m_raceway.externalLightsAvailable = true;
+    m_raceway.chaosPhaseOutputAvailable = true;
+    ControlUnitSettings settings;
+    settings.speedUp = 20;
+    settings.lightStep = 0;
+    m_unit = std::make_unique<UnitInMemory>(settings);
+    CRace& race = makeRace(2, 1, QStringLiteral("memory"));
+    QStringList power;
+    connect(&race, &CRace::trackPowerStateChanged, this, [&power](int track, bool on) {
+        power.append(QString::number(track + 1) + (on ? " on" : " off"));
+    });
+    m_unit->pressStart();
+    race.vStartQuickRace();
+    QTRY_VERIFY(totalLaps() >= 4);
+    race.trackPowerToggle(1);
+    race.vPause();
+    race.vResume();
+    race.vStop();
+    QCOMPARE(power, QStringList({"1 on", "2 on", "2 off", "1 off", "2 off"}));
+    QVERIFY(m_unit->polls() > 0);
+    QCOMPARE(m_unit->commands(), QList<QByteArray>());
 }
 
 void tst_control_unit_race::theLightsFollowTheUnit()

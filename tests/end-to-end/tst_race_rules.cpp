@@ -50,7 +50,8 @@ QStringList wordsOnEqualLaps(int rule)
     return rule == 2 || rule == 3 ? both : first;
 }
 
-/** @return the words where the second track has no lap, which is better than any; empty where the times decide. */
+/** @return the words where the second track has no lap, which is better than any; empty where the times
+ * decide. */
 QStringList wordsWithOneDriver(int rule)
 {
     if (rule == 0)

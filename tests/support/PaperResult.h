@@ -22,13 +22,27 @@ public:
         : m_rules(rules), m_laps(laps), m_names(names)
     {
         switch (rules.winningCondition()) {
-        case 1: decideMostLaps(); break;
-        case 2: decideFastestLap(); break;
-        case 3: decideLowestAverage(); break;
-        case 4: decideClosestLap(); break;
-        case 5: decideClosestAverage(); break;
-        case 6: decideConstancy(); break;
-        default: m_text = QStringLiteral("Rennen beendet"); break;
+        case 1:
+            decideMostLaps();
+            break;
+        case 2:
+            decideFastestLap();
+            break;
+        case 3:
+            decideLowestAverage();
+            break;
+        case 4:
+            decideClosestLap();
+            break;
+        case 5:
+            decideClosestAverage();
+            break;
+        case 6:
+            decideConstancy();
+            break;
+        default:
+            m_text = QStringLiteral("Rennen beendet");
+            break;
         }
     }
 
@@ -52,7 +66,8 @@ private:
     }
 
     /** @return a value of each track. */
-    template <typename Value> QVector<int> ofEachTrack(Value value) const
+    template <typename Value>
+    QVector<int> ofEachTrack(Value value) const
     {
         QVector<int> values;
         std::transform(m_laps.begin(), m_laps.end(), std::back_inserter(values), value);
@@ -124,8 +139,8 @@ private:
         m_winners = {placesOfLeast(ofEachTrack(distance)).first()};
         m_text = QStringLiteral("Fahrer %1 lag mit einer Durchschnittszeit von %2 am nächsten an der "
                                 "Zielzeit %3.")
-                     .arg(QString::number(m_winners.first() + 1), timeText(average(m_laps[m_winners.first()])),
-                          timeText(target()));
+                     .arg(QString::number(m_winners.first() + 1),
+                          timeText(average(m_laps[m_winners.first()])), timeText(target()));
     }
 
     /** @return the laps that count, in ascending order; the last one to stay is never ignored. */
