@@ -70,8 +70,7 @@ private:
     static QString attributeOf(const QXmlStreamReader& xml, const char* name)
     {
         for (const QXmlStreamAttribute& attribute : xml.attributes()) {
-            if (attribute.name() == QLatin1String(name) &&
-                attribute.prefix() != QLatin1String("calcext"))
+            if (attribute.name() == QLatin1String(name) && attribute.prefix() != QLatin1String("calcext"))
                 return attribute.value().toString();
         }
         return QString();
