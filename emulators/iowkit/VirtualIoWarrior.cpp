@@ -50,6 +50,7 @@ struct VirtualIoWarrior::Memory
     std::atomic<unsigned> unplugged;
     std::atomic<unsigned> silent;
     std::atomic<unsigned> held;
+    std::atomic<unsigned> answerTime;
     std::atomic<unsigned> plugging;
     std::atomic<std::uint32_t> pulledLow;
     std::atomic<std::uint32_t> writtenLow;
@@ -88,6 +89,7 @@ bool VirtualIoWarrior::plug(unsigned productId)
     m_memory->readTimeout = 0;
     m_memory->silent = 0;
     m_memory->held = 0;
+    m_memory->answerTime = 0;
     ++m_memory->plugging;
     m_memory->unplugged = 0;
     return true;
@@ -129,6 +131,12 @@ void VirtualIoWarrior::setHeld(bool held)
         m_memory->held = held;
 }
 
+void VirtualIoWarrior::setAnswerTime(unsigned milliseconds)
+{
+    if (m_memory)
+        m_memory->answerTime = milliseconds;
+}
+
 bool VirtualIoWarrior::isPlugged() const
 {
     return m_memory && m_memory->unplugged == 0;
@@ -142,6 +150,16 @@ bool VirtualIoWarrior::isSilent() const
 bool VirtualIoWarrior::isHeld() const
 {
     return m_memory && m_memory->held != 0;
+}
+
+bool VirtualIoWarrior::isLate() const
+{
+    return m_memory && m_memory->answerTime != 0;
+}
+
+unsigned VirtualIoWarrior::answerTime() const
+{
+    return isLate() ? m_memory->answerTime.load() : unsigned(kind().answerMilliseconds);
 }
 
 unsigned VirtualIoWarrior::plugging() const
@@ -188,13 +206,12 @@ bool VirtualIoWarrior::isQuestion(const char* report, std::size_t size) const
     return size > 0 && size == kind().specialSize && report[0] == SpecialReportId;
 }
 
-std::size_t VirtualIoWarrior::answer(char* report, std::size_t size)
+std::size_t VirtualIoWarrior::answer(std::uint32_t levels, char* report, std::size_t size)
 {
     if (!m_memory || size == 0 || size != kind().specialSize)
         return 0;
     std::fill_n(report, size, char(0));
     report[0] = SpecialReportId;
-    const std::uint32_t levels = pins();
     for (std::size_t i = 0; i < ValueSize; ++i)
         report[FirstValueByte + i] = char(levels >> (8 * i));
     add(Answered);

@@ -47,6 +47,11 @@ public:
     void unplug();
     /** A chip that hears but doesn't answer; what it heard meanwhile is lost. */
     void setSilent(bool silent);
+    /**
+     * How long the answers to the questions from now on take, with the pins as they are at the
+     * question. 0: as long as that of such a chip, with the pins as they are at the end.
+     */
+    void setAnswerTime(unsigned milliseconds);
     /** Holds each answer back, and with it the time-out, until it is let go. */
     void setHeld(bool held);
 
@@ -59,6 +64,9 @@ public:
     bool isPlugged() const;
     bool isSilent() const;
     bool isHeld() const;
+    bool isLate() const; ///< an answer time has been set
+    /** @return milliseconds from a question to its answer. */
+    unsigned answerTime() const;
     /** How often a chip has been plugged in; one that was unplugged doesn't come back. */
     unsigned plugging() const;
     Kind kind() const;
@@ -73,8 +81,8 @@ public:
     bool takePins(const char* report, std::size_t size);
     /** @return whether it is a report that asks for the pins. */
     bool isQuestion(const char* report, std::size_t size) const;
-    /** Writes the answer, as the pins are now. @return its size; 0 where it doesn't fit */
-    std::size_t answer(char* report, std::size_t size);
+    /** Writes the answer. @return its size; 0 where it doesn't fit */
+    std::size_t answer(std::uint32_t levels, char* report, std::size_t size);
 
     // --- What happened so far, all chips together
 

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 namespace {
@@ -46,13 +47,20 @@ public:
     /** Waits for the answer to the oldest question, as long as the read time-out. */
     unsigned long read(unsigned long pipe, char* report, unsigned long size)
     {
-        if (pipe == SpecialPipe && waitForAnswer())
-            return m_chip.answer(report, size);
+        std::optional<std::uint32_t> levels;
+        if (pipe == SpecialPipe && waitForAnswer(&levels))
+            return m_chip.answer(levels.value_or(m_chip.pins()), report, size);
         m_chip.add(VirtualIoWarrior::Refused);
         return 0;
     }
 
 private:
+    struct Answer
+    {
+        Clock::time_point due;
+        std::optional<std::uint32_t> levels; ///< nothing: those at the end
+    };
+
     /** Hears a question; a silent chip forgets it. */
     void ask()
     {
@@ -60,12 +68,15 @@ private:
         if (m_chip.isSilent())
             return;
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const Clock::time_point begin = m_due.empty() ? Clock::now() : m_due.back();
-        m_due.push_back(begin + std::chrono::milliseconds(m_chip.kind().answerMilliseconds));
+        Answer answer{m_answers.empty() ? Clock::now() : m_answers.back().due, {}};
+        answer.due += std::chrono::milliseconds(m_chip.answerTime());
+        if (m_chip.isLate())
+            answer.levels = m_chip.pins();
+        m_answers.push_back(answer);
     }
 
     /** @return false when the time is up, or the chip was unplugged. */
-    bool waitForAnswer()
+    bool waitForAnswer(std::optional<std::uint32_t>* levels)
     {
         const Clock::time_point end = Clock::now() + std::chrono::milliseconds(m_chip.readTimeout());
         bool held = false;
@@ -74,7 +85,7 @@ private:
             if (holding && !held)
                 m_chip.add(VirtualIoWarrior::Held);
             held = held || holding;
-            if (!holding && takeDue())
+            if (!holding && takeDue(levels))
                 return true;
             if (!holding && m_chip.readTimeout() > 0 && Clock::now() >= end)
                 return false;
@@ -84,25 +95,27 @@ private:
     }
 
     /** @return whether an answer is due; it is taken then. */
-    bool takeDue()
+    bool takeDue(std::optional<std::uint32_t>* levels)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_due.empty() || Clock::now() < m_due.front())
+        if (m_answers.empty() || Clock::now() < m_answers.front().due)
             return false;
-        m_due.pop_front();
+        *levels = m_answers.front().levels;
+        m_answers.pop_front();
         return true;
     }
 
     Clock::time_point nextDue()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_due.empty() || m_due.front() < Clock::now() ? Clock::time_point::max() : m_due.front();
+        const bool isNone = m_answers.empty() || m_answers.front().due < Clock::now();
+        return isNone ? Clock::time_point::max() : m_answers.front().due;
     }
 
     VirtualIoWarrior m_chip;
     unsigned m_plugging;
-    std::deque<Clock::time_point> m_due; ///< when each question heard is answered
-    std::mutex m_mutex;                  ///< guards m_due
+    std::deque<Answer> m_answers; ///< to each question heard
+    std::mutex m_mutex;           ///< guards m_answers
 };
 
 Connection* connection(void* handle)

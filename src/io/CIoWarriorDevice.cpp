@@ -13,8 +13,8 @@ constexpr int PinPipe = 0;
 constexpr int SpecialPipe = 1;
 constexpr char PinReportId = 0;
 constexpr char SpecialReportId = char(0xFF);
-constexpr int WriteTimeout = 1000; // milliseconds
-constexpr int ReadTimeout = 1000;  // milliseconds
+constexpr int WriteTimeout = 1000;  // milliseconds
+constexpr int LongestAnswer = 1000; // milliseconds
 constexpr int AllPinsHigh = -1;
 constexpr std::size_t ReportCapacity = 64;
 
@@ -76,9 +76,7 @@ void CIoWarriorDevice::release()
 CIoWarriorDevice::CIoWarriorDevice()
     : m_handle(m_library.openDevice()), m_productId(m_handle ? m_library.productId(m_handle) : 0)
 {
-    if (m_handle)
-        m_library.setReadTimeout(m_handle, ReadTimeout); // a lost answer must not end the reading
-    write(AllPinsHigh);                                  // so that they can act as inputs
+    write(AllPinsHigh); // so that they can act as inputs
 }
 
 CIoWarriorDevice::~CIoWarriorDevice()
@@ -89,14 +87,29 @@ CIoWarriorDevice::~CIoWarriorDevice()
 
 int CIoWarriorDevice::read()
 {
+    ask();
+    return takeAnswer(LongestAnswer);
+}
+
+void CIoWarriorDevice::ask()
+{
+    const Chip chip = chipOf(m_productId);
+    if (!m_handle || chip.specialSize == 0)
+        return;
+    Report report = makeReport(SpecialReportId, 0, 0);
+    m_library.write(m_handle, SpecialPipe, report.data(), chip.specialSize);
+}
+
+int CIoWarriorDevice::takeAnswer(int longestWait)
+{
     const Chip chip = chipOf(m_productId);
     if (!m_handle || chip.specialSize == 0)
         return AllPinsHigh;
-    // In a report of its own, so that nobody else's read() meets half an answer. It holds the
-    // pins of the answer before, which stay there if none comes.
+    // In a report of its own, so that nobody else's call meets half an answer. It holds the pins of
+    // the answer before, which stay there if none comes.
     const int before = m_lastReport;
     Report report = makeReport(SpecialReportId, before, sizeof(qint32));
-    m_library.write(m_handle, SpecialPipe, report.data(), chip.specialSize);
+    m_library.setReadTimeout(m_handle, longestWait); // a lost answer must not end the reading
     const quint32 size = m_library.read(m_handle, SpecialPipe, report.data(), chip.specialSize);
     const int value = qFromLittleEndian<qint32>(report.data() + 1);
     m_answering = size > 0 || value != before;

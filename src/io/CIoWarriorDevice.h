@@ -26,13 +26,18 @@ public:
     static void release();
 
     bool isOpen() const { return m_handle != nullptr; }
-    /**
-     * Asks the chip for its pins and waits for the answer.
-     * @return the levels, pin 0 in the lowest bit; those of the answer before if the chip gives
-     * none; -1 without a device
-     */
+    /** ask() and takeAnswer(), with a second for the answer. */
     int read();
-    /** @return whether the last read() got an answer. */
+    /** Asks the chip for its pins. */
+    void ask();
+    /**
+     * Waits for the answer to the oldest question; a device that has gone away gives none at once.
+     * @param longestWait milliseconds, above 0; an answer that comes later is that of the next call
+     * @return the levels, pin 0 in the lowest bit; those of the answer before if there is none; -1
+     * without a device
+     */
+    int takeAnswer(int longestWait);
+    /** @return whether the last takeAnswer() got one. */
     bool isAnswering() const { return m_answering; }
     /** Sets the pins, pin 0 in the lowest bit. A device that has gone away takes no notice. */
     void write(int value);

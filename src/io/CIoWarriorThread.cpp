@@ -6,14 +6,20 @@
 
 namespace {
 
-/** A device that has gone away answers at once: the pause spares the processor. */
+constexpr int AllPinsHigh = -1;
+/** A device that has gone away gives no answer at once: the pause spares the processor. */
 constexpr unsigned long SilentPause = 10; // milliseconds
+/** Of a pass: some times what the slowest chip takes, and short for one who waits for the end. */
+constexpr int AnswerWait = 30;               // milliseconds
+constexpr int LongestAnswer = 1000;          // milliseconds
+constexpr int AnswerWaitOfALostQuestion = 1; // milliseconds
 
 } // namespace
 
 CIoWarriorThread::CIoWarriorThread() : m_device(CIoWarriorDevice::instance())
 {
-    setLastValue(m_device->read());
+    setLastValue(AllPinsHigh); // where the chip doesn't answer
+    setLastValue(CIoWarriorThread::readValue());
 }
 
 CIoWarriorThread::~CIoWarriorThread()
@@ -46,25 +52,40 @@ void CIoWarriorThread::writeOutput(int value, int mask)
 void CIoWarriorThread::prepareRun()
 {
     takePending();
+    forgetQuestion();
 }
 
 int CIoWarriorThread::readValue()
 {
-    const int value = m_device->read();
+    if (isQuestionGivenUp())
+        forgetQuestion();
+    if (!m_isQuestionOpen) {
+        m_device->ask();
+        m_sinceQuestion.start();
+    }
+    const int value = m_device->takeAnswer(AnswerWait);
+    m_isQuestionOpen = !m_device->isAnswering();
     // Without an answer there is nothing to compare: what was written meanwhile never shows.
-    return m_device->isAnswering() ? value : lastValue();
+    return m_isQuestionOpen ? lastValue() : value;
 }
 
 void CIoWarriorThread::finishPass()
+{
+    // The answer to an open question doesn't know of what is written now.
+    if (!m_isQuestionOpen || isQuestionGivenUp())
+        writePending();
+    if (m_isQuestionOpen)
+        msleep(SilentPause);
+    else
+        usleep(1);
+}
+
+void CIoWarriorThread::writePending()
 {
     // Written out of the lock: a device that takes no report must not hold the main thread up.
     const Output output = takePending();
     if (output.value != 0)
         writeOutput(output.value, output.mask);
-    if (m_device->isAnswering())
-        usleep(1);
-    else
-        msleep(SilentPause);
 }
 
 CIoWarriorThread::Output CIoWarriorThread::takePending()
@@ -73,4 +94,17 @@ CIoWarriorThread::Output CIoWarriorThread::takePending()
     const Output output = m_pending;
     m_pending = {};
     return output;
+}
+
+bool CIoWarriorThread::isQuestionGivenUp() const
+{
+    return m_isQuestionOpen && m_sinceQuestion.hasExpired(LongestAnswer);
+}
+
+/** An answer that has come meanwhile must not pass for that to the next question. */
+void CIoWarriorThread::forgetQuestion()
+{
+    if (m_isQuestionOpen)
+        m_device->takeAnswer(AnswerWaitOfALostQuestion);
+    m_isQuestionOpen = false;
 }

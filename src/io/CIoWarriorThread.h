@@ -3,6 +3,7 @@
 
 #include "io/CLevelThread.h"
 
+#include <QElapsedTimer>
 #include <QMutex>
 
 class CIoWarriorDevice;
@@ -11,13 +12,16 @@ class CIoWarriorDevice;
  * Reads the pins of the IO-Warrior, and while it runs it alone writes them: outputs are queued for
  * it, so that it can tell the pins that the program switched from those that a sensor switched.
  * Owned by CIoWarriorIo.
+ *
+ * A chip that doesn't answer holds up neither the thread's maker nor a stop: a question stays open
+ * over several passes, each of them short, until it is given up after a second.
  */
 class CIoWarriorThread : public CLevelThread
 {
     Q_OBJECT
 
 public:
-    /** Reads the pins once, so that the first event of a run is a true change. */
+    /** Reads the pins once, so that the first event of a run is a true change. Main thread. */
     CIoWarriorThread();
     /** Stops the thread and waits for it. */
     ~CIoWarriorThread() override;
@@ -50,9 +54,14 @@ private:
         int mask = 0;
     };
 
+    void writePending();
     Output takePending();
+    bool isQuestionGivenUp() const;
+    void forgetQuestion();
 
     CIoWarriorDevice* m_device;
+    bool m_isQuestionOpen = false; ///< asked, and not yet answered
+    QElapsedTimer m_sinceQuestion;
     Output m_pending;
     QMutex m_mutex; ///< guards m_pending
 };

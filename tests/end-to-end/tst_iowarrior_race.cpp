@@ -352,9 +352,17 @@ void tst_iowarrior_race::aSilentChipDoesNotFreezeTheRace()
     letTheThreadRead();
     driveLap(0);
     (*m_chip)->setSilent(true);
+    QTRY_VERIFY((*m_chip)->count(VirtualIoWarrior::Asked) - (*m_chip)->count(VirtualIoWarrior::Answered) > 1);
+    QElapsedTimer stopping;
+    stopping.start();
     race.vStop();
+    QVERIFY2(stopping.elapsed() < 500, qPrintable(QString::number(stopping.elapsed())));
     QVERIFY(!race.isRaceActive());
     QCOMPARE(laps(0), 2);
+    stopping.start();
+    race.vStartQuickRace(); // on a chip that has nothing to say
+    race.vStop();
+    QVERIFY2(stopping.elapsed() < 500, qPrintable(QString::number(stopping.elapsed())));
 }
 
 void tst_iowarrior_race::aChipThatComesLateIsFoundByTheNextStart()

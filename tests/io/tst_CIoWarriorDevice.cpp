@@ -39,6 +39,7 @@ private Q_SLOTS:
     void cableThatIsPulledBeforeTheFirstAnswerReadsAllPinsHigh();
     void cablePulledDuringAReadEndsIt();
     void lostAnswerEndsTheReadAfterASecond();
+    void answerThatDoesNotComeInTimeIsThatOfTheNextCall();
     void devicePluggedInLaterIsFoundByANewObject();
     void deviceThatCameBackIsFoundByANewObject();
 
@@ -313,15 +314,28 @@ void tst_CIoWarriorDevice::cablePulledDuringAReadEndsIt()
 void tst_CIoWarriorDevice::lostAnswerEndsTheReadAfterASecond()
 {
     CIoWarriorDevice& device = open();
-    QCOMPARE((*m_chip)->readTimeout(), 1000U);
     (*m_chip)->pullLow(2);
     QCOMPARE(device.read(), ~2);
+    QCOMPARE((*m_chip)->readTimeout(), 1000U);
     (*m_chip)->setSilent(true);
     (*m_chip)->letGo(2);
     QCOMPARE(device.read(), ~2);
     QVERIFY(!device.isAnswering());
     (*m_chip)->setSilent(false);
     QCOMPARE(device.read(), -1);
+    QVERIFY(device.isAnswering());
+}
+
+void tst_CIoWarriorDevice::answerThatDoesNotComeInTimeIsThatOfTheNextCall()
+{
+    CIoWarriorDevice& device = open();
+    (*m_chip)->pullLow(2);
+    (*m_chip)->setAnswerTime(200);
+    device.ask();
+    QCOMPARE(device.takeAnswer(5), -1);
+    QVERIFY(!device.isAnswering());
+    QCOMPARE((*m_chip)->readTimeout(), 5U);
+    QCOMPARE(device.takeAnswer(5000), ~2);
     QVERIFY(device.isAnswering());
 }
 

@@ -65,6 +65,12 @@ private Q_SLOTS:
     void deletingARunningThreadEndsIt();
     void pulledCablePostsNoEventAndTheThreadCanBeStopped();
     void outputsAfterThePulledCablePostNoEvent();
+    void chipThatNeverAnswersHoldsNoStopUp();
+    void chipThatNeverAnswersGetsItsOutputsAllTheSame();
+    void chipThatNeverAnsweredHoldsNobodyUpWhoMakesAThread();
+    void lateAnswersAreNotAskedForTwice();
+    void outputsBetweenLateAnswersPostNoEvent();
+    void chipThatAnswersAgainIsReadOn();
 
 private:
     unsigned writes() { return m_chip->count(VirtualIoWarrior::Written); }
@@ -397,7 +403,7 @@ void tst_CIoWarriorThread::pulledCablePostsNoEventAndTheThreadCanBeStopped()
     (*m_chip)->unplug();
     (*m_chip)->letGo(1);
     const unsigned refused = m_chip->count(VirtualIoWarrior::Refused);
-    QTRY_VERIFY(m_chip->count(VirtualIoWarrior::Refused) - refused >= 20); // two a pass
+    QTRY_VERIFY(m_chip->count(VirtualIoWarrior::Refused) - refused >= 20);
     QCOMPARE(m_sink->values.size(), 1);
     QVERIFY(m_thread->isRunning());
     m_thread->requestStop();
@@ -416,6 +422,87 @@ void tst_CIoWarriorThread::outputsAfterThePulledCablePostNoEvent()
         QTRY_VERIFY(m_chip->count(VirtualIoWarrior::Refused) - refused >= 6);
     }
     QCOMPARE(m_sink->values, QList<quint32>());
+}
+
+/** A stop waits for the end of a pass, and thus for as much as one answer. */
+void tst_CIoWarriorThread::chipThatNeverAnswersHoldsNoStopUp()
+{
+    start();
+    (*m_chip)->setSilent(true);
+    for (int run = 0; run < 5; ++run) {
+        unsigned refused = m_chip->count(VirtualIoWarrior::Refused);
+        QTRY_VERIFY(m_chip->count(VirtualIoWarrior::Refused) - refused >= 2);
+        QVERIFY2((*m_chip)->readTimeout() <= 40, qPrintable(QString::number((*m_chip)->readTimeout())));
+        refused = m_chip->count(VirtualIoWarrior::Refused);
+        m_thread->requestStop();
+        QVERIFY(m_thread->wait());
+        QVERIFY(m_chip->count(VirtualIoWarrior::Refused) - refused <= 2);
+        m_thread->start();
+    }
+}
+
+void tst_CIoWarriorThread::chipThatNeverAnswersGetsItsOutputsAllTheSame()
+{
+    start();
+    (*m_chip)->setSilent(true);
+    m_thread->queueOutput(~0x01, 0x01);
+    QTRY_COMPARE((*m_chip)->written(), ~0x01U);
+    m_thread->queueOutput(-1, 0x01);
+    QTRY_COMPARE((*m_chip)->written(), ~0U);
+    QCOMPARE(m_sink->values, QList<quint32>());
+}
+
+void tst_CIoWarriorThread::chipThatNeverAnsweredHoldsNobodyUpWhoMakesAThread()
+{
+    m_thread.reset();
+    (*m_chip)->setSilent(true);
+    const unsigned refused = m_chip->count(VirtualIoWarrior::Refused);
+    m_thread = std::make_unique<CIoWarriorThread>();
+    QCOMPARE(m_chip->count(VirtualIoWarrior::Refused), refused + 1);
+    QVERIFY2((*m_chip)->readTimeout() <= 40, qPrintable(QString::number((*m_chip)->readTimeout())));
+}
+
+void tst_CIoWarriorThread::lateAnswersAreNotAskedForTwice()
+{
+    start();
+    (*m_chip)->setAnswerTime(150);
+    letTheThreadRead();
+    const unsigned refused = m_chip->count(VirtualIoWarrior::Refused);
+    const unsigned owed = m_chip->count(VirtualIoWarrior::Asked) - m_chip->count(VirtualIoWarrior::Answered);
+    for (quint32 pin = 1; pin <= 4; pin <<= 1) {
+        (*m_chip)->pullLow(pin);
+        QTRY_COMPARE(m_sink->values.value(m_sink->values.size() - 1), ~((pin << 1) - 1));
+    }
+    QCOMPARE(m_sink->values.size(), 3);
+    QVERIFY(m_chip->count(VirtualIoWarrior::Refused) > refused); // some passes went by in between
+    m_thread->requestStop();
+    QVERIFY(m_thread->wait());
+    QVERIFY(m_chip->count(VirtualIoWarrior::Asked) - m_chip->count(VirtualIoWarrior::Answered) <= owed + 1);
+}
+
+void tst_CIoWarriorThread::outputsBetweenLateAnswersPostNoEvent()
+{
+    start();
+    (*m_chip)->setAnswerTime(100);
+    for (int change = 0; change < 5; ++change) {
+        const quint32 levels = change % 2 == 0 ? ~0x01U : ~0U;
+        m_thread->queueOutput(int(levels), 0x01);
+        QTRY_COMPARE((*m_chip)->written(), levels);
+    }
+    (*m_chip)->setAnswerTime(0);
+    letTheThreadRead();
+    QCOMPARE(m_sink->values, QList<quint32>());
+}
+
+void tst_CIoWarriorThread::chipThatAnswersAgainIsReadOn()
+{
+    start();
+    (*m_chip)->setSilent(true);
+    const unsigned refused = m_chip->count(VirtualIoWarrior::Refused);
+    QTRY_VERIFY(m_chip->count(VirtualIoWarrior::Refused) - refused >= 2);
+    (*m_chip)->pullLow(1);
+    (*m_chip)->setSilent(false); // it has heard the open question for nothing
+    QTRY_COMPARE(m_sink->values, QList<quint32>{~0x01U});
 }
 
 QTEST_GUILESS_MAIN(tst_CIoWarriorThread)
