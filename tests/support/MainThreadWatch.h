@@ -39,7 +39,6 @@ struct MainThreadWatch
                 gaps.at(gaps.size() / 2), gaps.last()};
     }
 
-private:
     /** @return processor time of this process, all its threads, in microseconds. */
     static qint64 processorTime()
     {
