@@ -2,6 +2,7 @@
 #include "network/DisplayRecord.h"
 #include "network/FullRecords.h"
 #include "network/RecordFile.h"
+#include "network/WrittenAgain.h"
 #include "support/StreamBytes.h"
 
 #include <QtTest>
@@ -22,14 +23,6 @@ QVector<int> differences(const QByteArray& one, const QByteArray& other)
             places.append(i);
     }
     return places;
-}
-
-template <typename Value>
-Value valueOf(const QByteArray& record, Value value)
-{
-    DisplayRecord::Payload payload(record);
-    payload.read(value);
-    return value;
 }
 
 template <typename Getter>
@@ -103,40 +96,6 @@ QByteArray fullRecord(int type)
         return shutdown(0x0d01);
     default:
         return notice(Type(type));
-    }
-}
-
-/** @return the record that a reader would write from what it has read. */
-QByteArray writtenAgain(const QByteArray& record)
-{
-    using namespace DisplayRecord;
-    Payload payload(record);
-    switch (payload.type()) {
-    case RaceInfoText:
-        return raceInfoText(valueOf(record, QString()));
-    case RaceEvent:
-        return raceEvent(valueOf(record, CRaceEvent()));
-    case Lights:
-        return lights(valueOf(record, qint32(0)));
-    case RaceTime:
-        return raceTime(valueOf(record, QTime()));
-    case TrackPower: {
-        qint32 track = 0;
-        bool on = false;
-        payload.read(track);
-        payload.read(on);
-        return trackPower(track, on);
-    }
-    case Settings:
-        return settings(valueOf(record, CSettings()));
-    case RaceSettings:
-        return raceSettings(valueOf(record, CRaceSettings()));
-    case RaceSettingsWithDrivers:
-        return raceSettingsWithDrivers(valueOf(record, CRaceSettings()));
-    case Shutdown:
-        return shutdown(valueOf(record, qint32(0)));
-    default:
-        return notice(Type(payload.type()));
     }
 }
 

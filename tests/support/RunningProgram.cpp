@@ -75,6 +75,11 @@ CRace& RunningProgram::race() const
     return *m_main->race();
 }
 
+CKelmoNetworkServer& RunningProgram::server() const
+{
+    return *m_main->server();
+}
+
 CKelmoPortSimulator& RunningProgram::simulator() const
 {
     return *dialog().findChild<CKelmoPortSimulator*>();

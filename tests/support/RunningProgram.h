@@ -14,6 +14,7 @@
 
 class CKelmoMain;
 class CKelmoMainDialog;
+class CKelmoNetworkServer;
 class CKelmoPortSimulator;
 class CRace;
 class CRecordingSounds;
@@ -37,6 +38,8 @@ public:
     void destroyMain();
     CKelmoMainDialog& dialog() const;
     CRace& race() const;
+    /** Not in a display client. */
+    CKelmoNetworkServer& server() const;
     CKelmoPortSimulator& simulator() const;
     CMainMenu* menu() const;
     CTrackDisplay* track(int number) const;
