@@ -1,5 +1,7 @@
 #include "dialogs/CRaceStartDlg.h"
 
+#include "shell/DialogStyle.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,7 +14,7 @@ CRaceStartDlg::CRaceStartDlg(QWidget* parent) : QDialog(parent), m_nameEdit(new 
     m_nameEdit->setObjectName("raceName");
     m_nameEdit->setMaxLength(120);
     m_nameEdit->setMaximumWidth(256);
-    m_nameEdit->setStyleSheet("QLineEdit { border: 1px solid darkgray; }"); // else black on black
+    setStyleSheet(dialogStyleSheet());
 
     auto* startButton = new QPushButton(tr("Rennen &Starten"), this);
     startButton->setObjectName("startButton");

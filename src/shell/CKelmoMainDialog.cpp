@@ -3,6 +3,7 @@
 #include "data/CCarList.h"
 #include "data/CDriverList.h"
 #include "data/CRacewayList.h"
+#include "dialogs/CKelmoRaceSettings.h"
 #include "dialogs/CRaceStartDlg.h"
 #include "io/CKelmoPortSimulator.h"
 #include "qr/QrTags.h"
@@ -55,6 +56,7 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
       m_portSimulator(new CKelmoPortSimulator(this)),
       m_settings(settings),
       m_raceSettings(raceSettings),
+      m_raceSettingsDialog(new CKelmoRaceSettings(raceSettings, this)),
       m_raceStartDialog(new CRaceStartDlg(this)),
       m_raceStoreDialog(new CRaceStoreDlg(this)),
       m_raceAnalyzer(new CKelmoRaceAnalyzer(this)),
@@ -241,6 +243,10 @@ void CKelmoMainDialog::raceSummaryDialogTrigger()
 void CKelmoMainDialog::showRaceSettings()
 {
     collectDriversAndCars();
+    if (m_raceSettingsDialog->run() != QDialog::Accepted)
+        return;
+    onRaceSettingsChanged();
+    Q_EMIT raceSettingsChanged();
 }
 
 void CKelmoMainDialog::showSettings()

@@ -14,6 +14,7 @@ class CDriverList;
 class CInfoFrame;
 class CKelmoPortSimulator;
 class CKelmoRaceAnalyzer;
+class CKelmoRaceSettings;
 class CLights;
 class CMainMenu;
 class CRace;
@@ -152,6 +153,7 @@ private:
     CKelmoPortSimulator* m_portSimulator;
     CSettings* m_settings;         ///< not owned
     CRaceSettings* m_raceSettings; ///< not owned
+    CKelmoRaceSettings* m_raceSettingsDialog;
     CRaceStartDlg* m_raceStartDialog;
     CRaceStoreDlg* m_raceStoreDialog; ///< stands ready; no entry uses it
     CKelmoRaceAnalyzer* m_raceAnalyzer;

@@ -21,6 +21,11 @@ QString CUserQuestions::askSaveFileName(QWidget* parent, const QString& title, c
     return QFileDialog::getSaveFileName(parent, title, proposal, filter);
 }
 
+QString CUserQuestions::askOpenFileName(QWidget* parent, const QString& title, const QString& filter)
+{
+    return QFileDialog::getOpenFileName(parent, title, QString(), filter);
+}
+
 void CUserQuestions::showAbout(QWidget* parent, const QString& title, const QString& text)
 {
     QMessageBox::about(parent, title, text);

@@ -22,6 +22,8 @@ public:
     /** @return the name of the file to write; empty if the user cancelled. */
     virtual QString askSaveFileName(QWidget* parent, const QString& title, const QString& proposal,
                                     const QString& filter);
+    /** @return the name of the file to read; empty if the user cancelled. */
+    virtual QString askOpenFileName(QWidget* parent, const QString& title, const QString& filter);
     /** @param text HTML */
     virtual void showAbout(QWidget* parent, const QString& title, const QString& text);
 };

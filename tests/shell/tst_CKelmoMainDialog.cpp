@@ -180,6 +180,7 @@ private Q_SLOTS:
 
     void startingCollectsDriversAndCarsOfTheBoxes();
     void settingsEntriesCollectDriversAndCars();
+    void raceSettingsTakeEffectOnlyWhereTheyAreAccepted();
     void storedChoiceShowsInTheBoxesAtStart();
     void choiceSurvivesChangedSettings();
     void lateEntriesOfALongListCanBeShown();
@@ -611,11 +612,40 @@ void tst_CKelmoMainDialog::settingsEntriesCollectDriversAndCars()
     MainDialogFixture fixture;
     fixture.setRaceway(racewayWithTracks(2));
     fixture.driverBox(1)->setCurrentText("Ben");
+    ModalAnswers answers;
+    answers.expect([](QDialog* dialog) { dialog->reject(); });
     QVERIFY(fixture.trigger("showRaceSettings"));
     QCOMPARE(fixture.raceSettings.driver(0).name(), QString("Ben"));
     fixture.driverBox(1)->setCurrentText("Anna");
     QVERIFY(fixture.trigger("showSettings"));
     QCOMPARE(fixture.raceSettings.driver(0).name(), QString("Anna"));
+}
+
+void tst_CKelmoMainDialog::raceSettingsTakeEffectOnlyWhereTheyAreAccepted()
+{
+    MainDialogFixture fixture;
+    const QSignalSpy raceSettingsChanged(&fixture.dialog, &CKelmoMainDialog::raceSettingsChanged);
+    const QSignalSpy racewayChanged(&fixture.dialog, &CKelmoMainDialog::racewayChanged);
+    const auto* endCondition = fixture.dialog.findChild<QLabel*>("endCondition");
+    const auto chooseTimeLimit = [](QDialog* dialog) {
+        dialog->findChild<QAbstractButton*>("endTypeTime")->setChecked(true);
+    };
+    ModalAnswers answers;
+    answers.expect([&](QDialog* dialog) {
+        chooseTimeLimit(dialog);
+        dialog->findChild<QAbstractButton*>("cancelButton")->click();
+    });
+    QVERIFY(fixture.trigger("showRaceSettings"));
+    QCOMPARE(raceSettingsChanged.count() + racewayChanged.count(), 0);
+    QCOMPARE(endCondition->text(), QString("keine Endebedingung"));
+    answers.expect([&](QDialog* dialog) {
+        chooseTimeLimit(dialog);
+        dialog->findChild<QAbstractButton*>("okButton")->click();
+    });
+    QVERIFY(fixture.trigger("showRaceSettings"));
+    QCOMPARE(raceSettingsChanged.count(), 1);
+    QCOMPARE(racewayChanged.count(), 1);
+    QCOMPARE(endCondition->text(), QString("Zeitlimit 00:05:00"));
 }
 
 void tst_CKelmoMainDialog::storedChoiceShowsInTheBoxesAtStart()

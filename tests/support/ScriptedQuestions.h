@@ -21,6 +21,11 @@ public:
         questions.append({title, proposal, filter});
         return fileName;
     }
+    QString askOpenFileName(QWidget*, const QString& title, const QString& filter) override
+    {
+        questions.append({title, filter});
+        return fileName;
+    }
     void showAbout(QWidget*, const QString& title, const QString& text) override
     {
         questions.append({title, text});

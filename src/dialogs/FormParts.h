@@ -1,0 +1,43 @@
+#ifndef TORNIK_DIALOGS_FORMPARTS_H
+#define TORNIK_DIALOGS_FORMPARTS_H
+
+#include <QString>
+
+class QButtonGroup;
+class QDoubleSpinBox;
+class QLabel;
+class QSpinBox;
+class QTime;
+class QTimeEdit;
+class QWidget;
+
+/** Makes the controls that the forms of the dialogs share. Each belongs to its parent widget. */
+namespace FormParts {
+
+/** Makes a button of any kind. */
+template <typename Button>
+Button* button(const char* name, const QString& text, QWidget* parent)
+{
+    auto* made = new Button(text, parent);
+    made->setObjectName(QLatin1String(name));
+    return made;
+}
+
+QLabel* label(const QString& text, QWidget* parent);
+/** The times of the range are both allowed. */
+QTimeEdit* timeEdit(const char* name, const QString& format, const QTime& first, const QTime& last,
+                    QWidget* parent);
+/** A time edit with the format "mm:ss:zzz" for times below an hour. */
+QTimeEdit* lapTimeEdit(const char* name, QWidget* parent);
+QSpinBox* numberBox(const char* name, int first, int last, QWidget* parent);
+/** A box for an amount of fuel: 0.1 to 999.99 in steps of 0.1. */
+QDoubleSpinBox* amountBox(const char* name, QWidget* parent);
+
+/** Checks the button with that id; 0 stands in for an id that the group doesn't have. */
+void check(const QButtonGroup& group, int id);
+/** Lets the tab key stop at the checked button alone, or at each if that one is disabled. */
+void fixTabFocus(const QButtonGroup& group);
+
+} // namespace FormParts
+
+#endif

@@ -1,0 +1,316 @@
+#include "dialogs/RaceSettingsFixture.h"
+
+Q_DECLARE_METATYPE(CRaceSettings)
+
+/** Which controls of the race settings can be used, and how they hold each other. */
+class tst_CKelmoRaceSettingsControls : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void controlsAreEnabledByTheirRule_data();
+    void controlsAreEnabledByTheirRule();
+    void enableRulesFollowTheUser();
+    void fuelRulesFollowTheUser();
+    void reactionsOfPowerStayDisabledWithoutPowerSwitching();
+    void frequencyIsWrittenBesideTheSlider();
+    void minimumLightDelayCanNotBeRaisedOverTheMaximumByTyping();
+    void maximumLightDelayCanNotBeLoweredUnderTheMinimumByTyping();
+    void lightDelayIsHeldAlsoWhereOkComesRightBehindTheTyping();
+    void firstDigitsOfALightDelayAreNotTakenForIt();
+    void lightDelaysAreShownWhateverStoodThereBefore();
+    void keyboardWalksFromTheTopToTheBottom();
+};
+
+void tst_CKelmoRaceSettingsControls::init()
+{
+    QSettings("Tornik", "Tornik").clear();
+    QFile::remove("rules.rsf");
+}
+
+void tst_CKelmoRaceSettingsControls::controlsAreEnabledByTheirRule_data()
+{
+    QTest::addColumn<CRaceSettings>("rules");
+    QTest::addColumn<QStringList>("enabled");
+    QTest::addColumn<QStringList>("disabled");
+    const QStringList start{"startDelay", "startLightsMinDelay", "startLightsMaxDelay"};
+    const QStringList laps{"numberOfLaps", "allMaxRounds", "maxRoundsStopCounting", "lapsCountDown"};
+    const QStringList consistent{"numOfWorstLapsToIgnore", "useTargetTime"};
+    const QStringList raceRows{"refuelInterval", "refuelAmount", "minFuelUsageTime", "maxFuelUsageTime"};
+    const QStringList tankRows{"minFuelUsageAmount", "maxFuelUsageAmount", "tankSize", "reserveLevel"};
+    const QStringList reactions{"emptyFuelReaction0", "emptyFuelReaction1", "emptyFuelReaction2",
+                                "emptyFuelReaction3"};
+    const QStringList none;
+
+    CRaceSettings rules = ordinaryRules();
+    QTest::newRow("flying start") << rules << none << start;
+    rules.setStartType(CRaceSettings::TimedStart);
+    QTest::newRow("timed start") << rules << start << none;
+
+    rules = ordinaryRules();
+    QTest::newRow("no end") << rules << none << laps + QStringList{"endTime"};
+    rules.setEndType(CRaceSettings::TimeLimit);
+    QTest::newRow("time limit") << rules << QStringList{"endTime"} << laps;
+    rules.setEndType(CRaceSettings::LapLimit);
+    QTest::newRow("lap limit") << rules << laps << QStringList{"endTime"};
+
+    rules = ordinaryRules();
+    for (const int condition : {1, 2, 3}) {
+        rules.setWinningCondition(condition);
+        QTest::newRow(qPrintable(QStringLiteral("winner %1").arg(condition)))
+            << rules << none << consistent + QStringList{"winningTargetTime"};
+    }
+    for (const int condition : {4, 5}) {
+        rules.setWinningCondition(condition);
+        QTest::newRow(qPrintable(QStringLiteral("winner %1").arg(condition)))
+            << rules << QStringList{"winningTargetTime"} << consistent;
+    }
+    rules.setWinningCondition(6);
+    QTest::newRow("winner 6") << rules << consistent << QStringList{"winningTargetTime"};
+    rules.setUseTargetTime(true);
+    QTest::newRow("winner 6 with target") << rules << consistent + QStringList{"winningTargetTime"} << none;
+    rules.setWinningCondition(1);
+    QTest::newRow("target without winner 6")
+        << rules << none << consistent + QStringList{"winningTargetTime"};
+
+    const QStringList penalty{"emptyFuelPenaltyTime"};
+    const QStringList stutter{"emptyFuelStutterFrequency", "emptyFuelStutterFrequencyText"};
+    rules = ordinaryRules();
+    QTest::newRow("no fuel") << withFuel(rules, 0, 2) << none
+                             << raceRows + tankRows + reactions + penalty + stutter;
+    QTest::newRow("fuel of each car")
+        << withFuel(rules, 1, 0) << raceRows + reactions << tankRows + penalty + stutter;
+    QTest::newRow("fuel for all") << withFuel(rules, 2, 1) << raceRows + tankRows + reactions
+                                  << penalty + stutter;
+    QTest::newRow("penalty") << withFuel(rules, 2, 2) << reactions + penalty << stutter;
+    QTest::newRow("penalty of each car") << withFuel(rules, 1, 2) << reactions + penalty << stutter;
+    QTest::newRow("stutter") << withFuel(rules, 2, 3) << reactions + stutter << penalty;
+}
+
+void tst_CKelmoRaceSettingsControls::controlsAreEnabledByTheirRule()
+{
+    QFETCH(CRaceSettings, rules);
+    QFETCH(QStringList, enabled);
+    QFETCH(QStringList, disabled);
+    open(rules, [&](const DialogUser& user) {
+        for (const QString& control : enabled)
+            QVERIFY2(user.isEnabled(qPrintable(control)), qPrintable(control));
+        for (const QString& control : disabled)
+            QVERIFY2(!user.isEnabled(qPrintable(control)), qPrintable(control));
+    });
+}
+
+void tst_CKelmoRaceSettingsControls::enableRulesFollowTheUser()
+{
+    CRaceSettings rules = ordinaryRules();
+    CKelmoRaceSettings dialog(&rules);
+    const auto enabledLabels = [&dialog](const QString& title) {
+        QStringList texts;
+        for (const auto* label : group(dialog, title, 0)->findChildren<QLabel*>()) {
+            if (label->isEnabled())
+                texts.append(label->text());
+        }
+        return texts;
+    };
+    open(dialog, [&](const DialogUser& user) {
+        QCOMPARE(enabledLabels("Startbedingung"), QStringList());
+        user.enter("startTypeTimed", true);
+        QVERIFY(user.isEnabled("startDelay") && user.isEnabled("startLightsMaxDelay"));
+        QCOMPARE(enabledLabels("Startbedingung").size(), 5);
+        user.enter("startTypeNone", true);
+        QVERIFY(!user.isEnabled("startDelay") && !user.isEnabled("startLightsMinDelay"));
+
+        QCOMPARE(enabledLabels("Endebedingung"), QStringList());
+        user.enter("endTypeTime", true);
+        QVERIFY(user.isEnabled("endTime") && !user.isEnabled("numberOfLaps"));
+        QCOMPARE(enabledLabels("Endebedingung"), QStringList("Stunden"));
+        user.enter("endTypeLaps", true);
+        QVERIFY(!user.isEnabled("endTime") && user.isEnabled("lapsCountDown"));
+        QCOMPARE(enabledLabels("Endebedingung"), QStringList("Runden"));
+
+        user.enter("winningCondition5", true);
+        QCOMPARE(enabledLabels("Siegbedingung"), QStringList("Runden"));
+        user.enter("useTargetTime", true);
+        QVERIFY(user.isEnabled("winningTargetTime"));
+        user.enter("useTargetTime", false);
+        QVERIFY(!user.isEnabled("winningTargetTime"));
+        user.enter("winningCondition3", true);
+        QVERIFY(user.isEnabled("winningTargetTime") && !user.isEnabled("useTargetTime"));
+        QCOMPARE(enabledLabels("Siegbedingung"),
+                 QStringList({"verwendete Zielzeit (im Format mm:ss:zzz): ", "Minuten"}));
+        user.enter("winningCondition0", true);
+        QVERIFY(!user.isEnabled("winningTargetTime"));
+    });
+}
+
+void tst_CKelmoRaceSettingsControls::fuelRulesFollowTheUser()
+{
+    CRaceSettings rules = ordinaryRules();
+    open(rules, [](const DialogUser& user) {
+        user.enter("fuelFunction1", true);
+        QVERIFY(user.isEnabled("refuelInterval") && !user.isEnabled("tankSize"));
+        QVERIFY(user.isEnabled("emptyFuelReaction3") && !user.isEnabled("emptyFuelStutterFrequency"));
+        user.enter("emptyFuelReaction3", true);
+        QVERIFY(user.isEnabled("emptyFuelStutterFrequency") && !user.isEnabled("emptyFuelPenaltyTime"));
+        user.enter("emptyFuelReaction2", true);
+        QVERIFY(!user.isEnabled("emptyFuelStutterFrequency") && user.isEnabled("emptyFuelPenaltyTime"));
+        user.enter("fuelFunction2", true);
+        QVERIFY(user.isEnabled("tankSize") && user.isEnabled("emptyFuelPenaltyTime"));
+        user.enter("fuelFunction1", true);
+        QVERIFY(!user.isEnabled("tankSize") && user.isEnabled("refuelInterval"));
+        user.enter("fuelFunction0", true);
+        QVERIFY(!user.isEnabled("tankSize") && !user.isEnabled("refuelInterval"));
+        QVERIFY(!user.isEnabled("emptyFuelReaction0") && !user.isEnabled("emptyFuelPenaltyTime"));
+        user.enter("fuelFunction2", true);
+        QVERIFY(user.isEnabled("refuelInterval") && user.isEnabled("emptyFuelPenaltyTime"));
+    });
+}
+
+void tst_CKelmoRaceSettingsControls::reactionsOfPowerStayDisabledWithoutPowerSwitching()
+{
+    for (const int reaction : {0, 1, 2, 3}) {
+        CRaceSettings rules = withFuel(ordinaryRules(), CFuelSettings::FuelSameForAll, reaction);
+        CRaceway raceway = rules.raceway();
+        raceway.pwrOffFeatureAvailable = false;
+        rules.setRaceway(raceway);
+        open(
+            rules,
+            [](const DialogUser& user) {
+                for (const char* function :
+                     {"fuelFunction1", "fuelFunction2", "fuelFunction0", "fuelFunction2"}) {
+                    user.enter(function, true);
+                    QVERIFY(!user.isEnabled("emptyFuelReaction1"));
+                    QVERIFY(!user.isEnabled("emptyFuelReaction3"));
+                    QVERIFY(!user.isEnabled("emptyFuelStutterFrequency"));
+                }
+                QVERIFY(user.isEnabled("emptyFuelReaction0"));
+                QVERIFY(user.isEnabled("emptyFuelReaction2"));
+                user.press("defaultsButton");
+                QVERIFY(!user.isEnabled("emptyFuelReaction1"));
+            },
+            "cancelButton");
+    }
+}
+
+void tst_CKelmoRaceSettingsControls::frequencyIsWrittenBesideTheSlider()
+{
+    CRaceSettings rules = withFuel(ordinaryRules(), CFuelSettings::FuelSameForAll, 3);
+    open(rules, [](const DialogUser& user) {
+        const auto* text = user.control<QLabel>("emptyFuelStutterFrequencyText");
+        QCOMPARE(text->text(), QString("5Hz"));
+        user.enter("emptyFuelStutterFrequency", 10);
+        QCOMPARE(text->text(), QString("10Hz"));
+        user.enter("emptyFuelStutterFrequency", 1);
+        QCOMPARE(text->text(), QString("1Hz"));
+    });
+}
+
+void tst_CKelmoRaceSettingsControls::minimumLightDelayCanNotBeRaisedOverTheMaximumByTyping()
+{
+    CRaceSettings rules = ordinaryRules();
+    rules.setStartType(CRaceSettings::TimedStart);
+    open(rules, [](const DialogUser& user) {
+        user.enter("startLightsMinDelay", 3000);
+        QCOMPARE(user.value("startLightsMinDelay").toInt(), 2500);
+        QCOMPARE(user.value("startLightsMaxDelay").toInt(), 2500);
+        user.control<QSpinBox>("startLightsMinDelay")->stepUp();
+        QCOMPARE(user.value("startLightsMinDelay").toInt(), 2500);
+    });
+    QCOMPARE(rules.startLightsMinDelay(), 2500U);
+}
+
+void tst_CKelmoRaceSettingsControls::maximumLightDelayCanNotBeLoweredUnderTheMinimumByTyping()
+{
+    CRaceSettings rules = ordinaryRules();
+    rules.setStartType(CRaceSettings::TimedStart);
+    rules.setStartLightsMinDelay(2000);
+    open(rules, [](const DialogUser& user) {
+        user.enter("startLightsMaxDelay", 1500);
+        QCOMPARE(user.value("startLightsMaxDelay").toInt(), 2000);
+        user.control<QSpinBox>("startLightsMaxDelay")->stepDown();
+        QCOMPARE(user.value("startLightsMaxDelay").toInt(), 2000);
+    });
+}
+
+void tst_CKelmoRaceSettingsControls::lightDelayIsHeldAlsoWhereOkComesRightBehindTheTyping()
+{
+    CRaceSettings rules = ordinaryRules();
+    rules.setStartType(CRaceSettings::TimedStart);
+    CKelmoRaceSettings dialog(&rules);
+    ModalAnswers answers;
+    answers.expect([](QDialog* window) {
+        const DialogUser user(window);
+        auto* box = user.control<QSpinBox>("startLightsMinDelay");
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(box, "3000");
+        user.control<QPushButton>("okButton")->click(); // as its shortcut does: the box keeps the focus
+    });
+    QCOMPARE(dialog.run(), int(QDialog::Accepted));
+    QCOMPARE(rules.startLightsMinDelay(), 2500U);
+}
+
+/** "500" is a delay by itself, and lower than the minimum. */
+void tst_CKelmoRaceSettingsControls::firstDigitsOfALightDelayAreNotTakenForIt()
+{
+    CRaceSettings rules = ordinaryRules();
+    rules.setStartType(CRaceSettings::TimedStart);
+    rules.setStartLightsMinDelay(1000);
+    open(rules, [](const DialogUser& user) { user.enter("startLightsMaxDelay", 5000); });
+    QCOMPARE(rules.startLightsMaxDelay(), 5000U);
+    QCOMPARE(rules.startLightsMinDelay(), 1000U);
+}
+
+void tst_CKelmoRaceSettingsControls::lightDelaysAreShownWhateverStoodThereBefore()
+{
+    CRaceSettings rules = ordinaryRules();
+    CKelmoRaceSettings dialog(&rules);
+    const std::pair<quint32, quint32> delays[] = {{4000, 4500}, {500, 600}, {5000, 5000}, {500, 500}};
+    for (const auto& [minimum, maximum] : delays) {
+        rules.setStartLightsMinDelay(minimum);
+        rules.setStartLightsMaxDelay(maximum);
+        open(dialog, [](const DialogUser&) {});
+        QCOMPARE(rules.startLightsMinDelay(), minimum);
+        QCOMPARE(rules.startLightsMaxDelay(), maximum);
+    }
+}
+
+void tst_CKelmoRaceSettingsControls::keyboardWalksFromTheTopToTheBottom()
+{
+    CRaceSettings rules = withFuel(ordinaryRules(), CFuelSettings::FuelSameForAll, 2);
+    rules.setStartType(CRaceSettings::TimedStart);
+    rules.setEndType(CRaceSettings::LapLimit);
+    rules.setWinningCondition(6);
+    open(rules, [](const DialogUser& user) {
+        const QStringList tabs[] = {
+            {"startTypeTimed", "startDelay", "startLightsMinDelay", "startLightsMaxDelay", "endTypeLaps",
+             "numberOfLaps", "allMaxRounds", "maxRoundsStopCounting", "lapsCountDown", "winningCondition5",
+             "numOfWorstLapsToIgnore", "useTargetTime", "redLightsOnRaceStopped",
+             "leavePowerOnWhenRaceStopped"},
+            {"fuelFunction2", "refuelInterval", "refuelAmount", "minFuelUsageTime", "maxFuelUsageTime",
+             "minFuelUsageAmount", "maxFuelUsageAmount", "tankSize", "reserveLevel", "emptyFuelReaction2",
+             "emptyFuelPenaltyTime"},
+            {"monitorDistanceDriven", "monitorFastestLap"}};
+        const QStringList buttons{"okButton",     "cancelButton", "defaultsButton",
+                                  "exportButton", "importButton", "saveAsDefaults"};
+        auto* tabWidget = user.control<QTabWidget>("tabs");
+        for (int tab = 0; tab < 3; ++tab) {
+            tabWidget->setCurrentIndex(tab);
+            const QStringList expected = tabs[tab] + buttons;
+            user.control(qPrintable(expected.first()))->setFocus();
+            QStringList walked;
+            for (int step = 0; step < expected.size(); ++step) {
+                QWidget* focus = QApplication::focusWidget();
+                walked.append(focus->objectName());
+                // A date field walks through its parts first.
+                for (int part = 0; part < 4 && QApplication::focusWidget() == focus; ++part)
+                    QTest::keyClick(focus, Qt::Key_Tab);
+            }
+            QCOMPARE(walked, expected);
+        }
+    });
+}
+
+QTEST_MAIN(tst_CKelmoRaceSettingsControls)
+#include "tst_CKelmoRaceSettingsControls.moc"

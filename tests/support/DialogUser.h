@@ -1,0 +1,118 @@
+#ifndef TORNIK_TESTS_SUPPORT_DIALOGUSER_H
+#define TORNIK_TESTS_SUPPORT_DIALOGUSER_H
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDialog>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimeEdit>
+#include <QVariant>
+
+/** Works the controls of an open dialog by mouse and keys; each is found by its object name. */
+class DialogUser
+{
+public:
+    /** Waits until the dialog takes keys. */
+    explicit DialogUser(QDialog* dialog) : m_dialog(dialog)
+    {
+        dialog->activateWindow();
+        if (!QTest::qWaitForWindowActive(dialog))
+            QTest::qFail("the dialog doesn't become active", __FILE__, __LINE__);
+    }
+
+    template <typename Control = QWidget>
+    Control* control(const char* name) const
+    {
+        auto* found = m_dialog->findChild<Control*>(QLatin1String(name));
+        if (!found)
+            qFatal("the dialog has no %s", name);
+        return found;
+    }
+    bool isEnabled(const char* name) const { return control(name)->isEnabled(); }
+
+    void press(const char* button) const { QTest::mouseClick(control<QPushButton>(button), Qt::LeftButton); }
+
+    /** Gives a control its value: bool, number, text or time. Does nothing if it is disabled. */
+    void enter(const char* name, const QVariant& value) const
+    {
+        auto* widget = control(name);
+        bringUp(widget);
+        if (auto* button = qobject_cast<QAbstractButton*>(widget))
+            toggle(button, value.toBool());
+        else if (auto* time = qobject_cast<QTimeEdit*>(widget))
+            enterTime(time, value.toTime());
+        else if (auto* slider = qobject_cast<QSlider*>(widget))
+            slide(slider, value.toInt());
+        else if (auto* box = qobject_cast<QComboBox*>(widget))
+            box->setCurrentIndex(value.toInt());
+        else
+            type(widget, value.toString());
+    }
+
+    /** @return what a control shows: bool, number, text or time. */
+    QVariant value(const char* name) const
+    {
+        const auto* widget = control(name);
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+            return button->isChecked();
+        if (const auto* time = qobject_cast<const QTimeEdit*>(widget))
+            return time->time();
+        if (const auto* number = qobject_cast<const QDoubleSpinBox*>(widget))
+            return number->value();
+        if (const auto* box = qobject_cast<const QComboBox*>(widget))
+            return box->currentIndex();
+        if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
+            return edit->text();
+        return widget->property("value");
+    }
+
+    /** Types over what stands there and leaves the field. */
+    static void type(QWidget* field, const QString& text)
+    {
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field, text);
+        QTest::keyClick(field, Qt::Key_Tab);
+    }
+
+private:
+    /** Turns to the tab that the control lies on. */
+    void bringUp(const QWidget* widget) const
+    {
+        for (auto* tabs : m_dialog->findChildren<QTabWidget*>()) {
+            for (int tab = 0; tab < tabs->count(); ++tab) {
+                if (tabs->widget(tab)->isAncestorOf(widget))
+                    tabs->setCurrentIndex(tab);
+            }
+        }
+    }
+
+    static void toggle(QAbstractButton* button, bool on)
+    {
+        if (button->isChecked() != on)
+            QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
+    }
+
+    static void enterTime(QTimeEdit* edit, const QTime& time)
+    {
+        edit->setFocus();
+        if (edit->isEnabled())
+            edit->setTime(time);
+    }
+
+    static void slide(QSlider* slider, int value)
+    {
+        for (int step = 0; slider->value() != value && step <= slider->maximum(); ++step)
+            QTest::keyClick(slider, slider->value() < value ? Qt::Key_Right : Qt::Key_Left);
+    }
+
+    QDialog* m_dialog;
+};
+
+#endif
