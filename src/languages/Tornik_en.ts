@@ -268,6 +268,21 @@
     </message>
 </context>
 <context>
+    <name>CDataCaptureGroup</name>
+    <message>
+        <source>Fahrzeugbezogene Datenerfassung</source>
+        <translation>Data capture of cars</translation>
+    </message>
+    <message>
+        <source>gefahrene Strecke je Fahrzeug erfassen</source>
+        <translation>record the distance driven of each car</translation>
+    </message>
+    <message>
+        <source>schnellste Rundenzeit erfassen</source>
+        <translation>record the fastest lap time</translation>
+    </message>
+</context>
+<context>
     <name>CDriverList</name>
     <message>
         <source>Name</source>
@@ -276,6 +291,72 @@
     <message>
         <source>Fahrer Name</source>
         <translation>Driver name</translation>
+    </message>
+</context>
+<context>
+    <name>CEmptyFuelReactionGroup</name>
+    <message>
+        <source>Reaktion bei leerem Tank</source>
+        <translation>Reaction to an empty tank</translation>
+    </message>
+    <message>
+        <source>Minuten</source>
+        <translation>minutes</translation>
+    </message>
+    <message>
+        <source>Runden nicht zählen</source>
+        <translation>Don't count laps</translation>
+    </message>
+    <message>
+        <source>Spurabschaltung</source>
+        <translation>Switch the track off</translation>
+    </message>
+    <message>
+        <source>Zeitstrafe pro Runde:</source>
+        <translation>Time penalty per lap:</translation>
+    </message>
+    <message>
+        <source>Stottern mit Frequenz:</source>
+        <translation>Stutter with frequency:</translation>
+    </message>
+    <message>
+        <source>%1Hz</source>
+        <translation>%1Hz</translation>
+    </message>
+</context>
+<context>
+    <name>CEndConditionGroup</name>
+    <message>
+        <source>Endebedingung</source>
+        <translation>End condition</translation>
+    </message>
+    <message>
+        <source>Stunden</source>
+        <translation>hours</translation>
+    </message>
+    <message>
+        <source>Runden</source>
+        <translation>laps</translation>
+    </message>
+    <message>
+        <source>auf allen Spuren</source>
+        <translation>on all tracks</translation>
+    </message>
+    <message>
+        <source>bei erreichen der max. Runden Spurzähler anhalten</source>
+        <translation>stop the counter of a track at its last lap</translation>
+    </message>
+    <message>
+        <source>Runden abwärts zählen</source>
+        <translation>count laps down</translation>
+    </message>
+    <message>
+        <source>Keine</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Ende nach </source>
+        <translation>End after </translation>
     </message>
 </context>
 <context>
@@ -363,6 +444,72 @@
     <message>
         <source>Sie haben nun alle erforderlichen Daten zum erstellen einer neuen Rennstrecke eingegeben. Drücken Sie jetzt "Fertigstellen" um die Rennstrecke mit den von Ihnen gemachten Einstellungen zu speichern.</source>
         <translation>You have now entered all data that a new raceway needs. Press "Finish" now to save the raceway with your settings.</translation>
+    </message>
+</context>
+<context>
+    <name>CFuelFunctionGroup</name>
+    <message>
+        <source>Tankfunktion</source>
+        <translation>Fuel function</translation>
+    </message>
+    <message>
+        <source>Keine Tankfunktion oder Tankfunktion durch Control Unit gesteuert</source>
+        <translation>No fuel function, or fuel function controlled by the Control Unit</translation>
+    </message>
+    <message>
+        <source>Fahrzeugspezifische Tankeinstellungen verwenden</source>
+        <translation>Use the fuel settings of each car</translation>
+    </message>
+    <message>
+        <source>Tankeinstellungen für alle gleich</source>
+        <translation>Same fuel settings for all</translation>
+    </message>
+</context>
+<context>
+    <name>CFuelTankGroup</name>
+    <message>
+        <source>Tankeinstellungen</source>
+        <translation>Fuel settings</translation>
+    </message>
+    <message>
+        <source>Zeitintervall beim Tanken (im Format s:zzz): </source>
+        <translation>Interval of refuelling (format s:zzz): </translation>
+    </message>
+    <message>
+        <source>Füllmenge pro Zeitintervall beim Tanken:</source>
+        <translation>Filling amount per interval of refuelling:</translation>
+    </message>
+    <message>
+        <source>Rundenzeit für minimalen Verbrauch (im Format mm:ss:zzz):</source>
+        <translation>Lap time of minimum consumption (format mm:ss:zzz):</translation>
+    </message>
+    <message>
+        <source>Rundenzeit für maximalen Verbrauch (im Format mm:ss:zzz):</source>
+        <translation>Lap time of maximum consumption (format mm:ss:zzz):</translation>
+    </message>
+    <message>
+        <source>Minimaler Verbrauch pro Runde:</source>
+        <translation>Minimum consumption per lap:</translation>
+    </message>
+    <message>
+        <source>Maximaler Verbrauch pro Runde:</source>
+        <translation>Maximum consumption per lap:</translation>
+    </message>
+    <message>
+        <source>Größe des Tanks:</source>
+        <translation>Size of the tank:</translation>
+    </message>
+    <message>
+        <source>Warnschwelle Tankreserve:</source>
+        <translation>Fuel reserve warning level:</translation>
+    </message>
+    <message>
+        <source>Solange ein Fahrzeug beim Tanken steht, kommt nach jedem Zeitintervall die Füllmenge hinzu, bis der Tank voll ist.</source>
+        <translation>As long as a car refuels, the filling amount is added after each interval until the tank is full.</translation>
+    </message>
+    <message>
+        <source>Der Verbrauch steigt zwischen den beiden Rundenzeiten linear vom minimalen zum maximalen an; darüber und darunter bleibt er gleich.</source>
+        <translation>Between the two lap times the consumption rises linearly from the minimum to the maximum; beyond them it stays the same.</translation>
     </message>
 </context>
 <context>
@@ -715,6 +862,61 @@
     <message>
         <source>CSV-Datei (*.csv)</source>
         <translation>CSV file (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>CKelmoRaceSettings</name>
+    <message>
+        <source>Renneinstellungen</source>
+        <translation>Race settings</translation>
+    </message>
+    <message>
+        <source>Start/Ende</source>
+        <translation>Start/end</translation>
+    </message>
+    <message>
+        <source>Tankfunktion</source>
+        <translation>Fuel function</translation>
+    </message>
+    <message>
+        <source>Datenerfassung</source>
+        <translation>Data capture</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Abbrechen</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>&amp;Standard laden</source>
+        <translation>Load &amp;defaults</translation>
+    </message>
+    <message>
+        <source>&amp;Exportiern</source>
+        <translation>&amp;Export</translation>
+    </message>
+    <message>
+        <source>&amp;Importieren</source>
+        <translation>&amp;Import</translation>
+    </message>
+    <message>
+        <source>Diese Einstellungen als Standardeinstellungen speichern</source>
+        <translation>Save these settings as default settings</translation>
+    </message>
+    <message>
+        <source>Renneinstellungen exportieren ...</source>
+        <translation>Export race settings ...</translation>
+    </message>
+    <message>
+        <source>Renneinstellungen (*.rsf)</source>
+        <translation>Race settings (*.rsf)</translation>
+    </message>
+    <message>
+        <source>Renneinstellungen importieren ...</source>
+        <translation>Import race settings ...</translation>
     </message>
 </context>
 <context>
@@ -1425,6 +1627,52 @@ race will be saved under this name.</translation>
     </message>
 </context>
 <context>
+    <name>CSignalControlGroup</name>
+    <message>
+        <source>Signalsteuerung</source>
+        <translation>Signals</translation>
+    </message>
+    <message>
+        <source>Ampel auf rot schalten bei Rennende</source>
+        <translation>Turn the lights red at the end of the race</translation>
+    </message>
+    <message>
+        <source>Bahnstrom angeschaltet lassen bei Rennende</source>
+        <translation>Leave the track power on at the end of the race</translation>
+    </message>
+</context>
+<context>
+    <name>CStartConditionGroup</name>
+    <message>
+        <source>Startbedingung</source>
+        <translation>Start condition</translation>
+    </message>
+    <message>
+        <source>Keine</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Start in </source>
+        <translation>Start in </translation>
+    </message>
+    <message>
+        <source>Minuten</source>
+        <translation>minutes</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>ms warten bevor die Ampel von Rot auf Grün umschaltet</source>
+        <translation>ms wait before the lights turn from red to green</translation>
+    </message>
+</context>
+<context>
     <name>CStartPage</name>
     <message>
         <source>&lt;b&gt;Name und Anzahl der Slots&lt;/b&gt;</source>
@@ -1607,6 +1855,53 @@ race will be saved under this name.</translation>
     <message>
         <source>schnellste Runde</source>
         <translation>fastest lap</translation>
+    </message>
+</context>
+<context>
+    <name>CWinningConditionGroup</name>
+    <message>
+        <source>Siegbedingung</source>
+        <translation>Winning condition</translation>
+    </message>
+    <message>
+        <source>die meisten gefahrenen Runden</source>
+        <translation>most laps driven</translation>
+    </message>
+    <message>
+        <source>die schnellste Runde</source>
+        <translation>fastest lap</translation>
+    </message>
+    <message>
+        <source>die beste Durchschnittszeit</source>
+        <translation>best average time</translation>
+    </message>
+    <message>
+        <source>eine Rundenzeit möglichst nahe der Zielzeit</source>
+        <translation>a lap time as close as possible to the target time</translation>
+    </message>
+    <message>
+        <source>die Durchschnittszeit möglichst nahe der Zielzeit</source>
+        <translation>an average time as close as possible to the target time</translation>
+    </message>
+    <message>
+        <source>die konsistentesten Rundenzeiten, ignoriere die schlechtesten </source>
+        <translation>most constant lap times, ignore the worst </translation>
+    </message>
+    <message>
+        <source>Runden</source>
+        <translation>laps</translation>
+    </message>
+    <message>
+        <source>Zielzeit verwenden</source>
+        <translation>use the target time</translation>
+    </message>
+    <message>
+        <source>verwendete Zielzeit (im Format mm:ss:zzz): </source>
+        <translation>target time (format mm:ss:zzz): </translation>
+    </message>
+    <message>
+        <source>Minuten</source>
+        <translation>minutes</translation>
     </message>
 </context>
 <context>
