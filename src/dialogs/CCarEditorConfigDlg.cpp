@@ -40,7 +40,7 @@ QGridLayout* CCarEditorConfigDlg::createRows()
         row.title->setObjectName("titleFreeField" + number);
         row.title->setMinimumWidth(TitleWidth);
         const QString fieldName = tr("Freifeld %1").arg(index + 1); // the user counts from 1
-        row.title->setPlaceholderText(fieldName);
+        FormParts::setPlaceholder(row.title, fieldName);
         row.show->setAccessibleName(fieldName);
         grid->addWidget(row.show, index, 0);
         grid->addWidget(row.title, index, 1, 1, 2);

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 
 namespace {
 
@@ -21,6 +22,11 @@ constexpr int LongestComment = 255;
 constexpr int NumberWidth = 30;
 constexpr int DistanceWidth = 100;
 constexpr int SpaceAboveButtons = 20;
+constexpr int SpaceBetweenColumns = 6;
+constexpr int SpaceBetweenRows = 2;
+// All ten free fields fit on a small screen.
+const char NarrowRows[] = "QLineEdit, QAbstractSpinBox, QComboBox, QPushButton#changeDistance "
+                          "{ padding-top: 0px; padding-bottom: 0px; }";
 constexpr int NumberOfClasses = 5;
 constexpr quint32 MaxUsageTime = 1000;  ///< milliseconds of a lap
 constexpr quint32 MinUsageTime = 10000; ///< milliseconds of a lap
@@ -40,17 +46,26 @@ QLineEdit* textEdit(const char* name, int longest, QWidget* parent)
 QLineEdit* textEdit(const char* name, const QString& placeholder, QWidget* parent)
 {
     auto* edit = textEdit(name, LongestText, parent);
-    edit->setPlaceholderText(placeholder);
+    FormParts::setPlaceholder(edit, placeholder);
     return edit;
 }
 
-QLineEdit* numberEdit(const char* name, int digits, int largest, QWidget* parent)
+QLineEdit* numberEdit(const char* name, int digits, int largest, int width, QWidget* parent)
 {
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setMaxLength(digits);
     edit->setValidator(new QIntValidator(0, largest, edit));
+    edit->setMaximumWidth(width);
+    FormParts::fitLetters(edit, width, QString::number(largest).replace(QRegularExpression("."), "0"));
     return edit;
+}
+
+QDoubleSpinBox* amountBox(const char* name, QWidget* parent)
+{
+    auto* box = FormParts::amountBox(name, parent);
+    box->setMaximumWidth(WidestText);
+    return box;
 }
 
 void append(QString& text, const QString& word)
@@ -62,12 +77,11 @@ void append(QString& text, const QString& word)
 
 } // namespace
 
-CCarEditorDlg::CCarEditorDlg(QWidget* parent)
-    : QDialog(parent), m_configDialog(new CCarEditorConfigDlg(this))
+CCarEditorDlg::CCarEditorDlg(QWidget* parent) : QDialog(parent), m_configDialog(new CCarEditorConfigDlg(this))
 {
     setObjectName(QStringLiteral("carEditorDialog"));
     setWindowTitle(tr("Fahrzeug Editor"));
-    setStyleSheet(dialogStyleSheet());
+    setStyleSheet(dialogStyleSheet() + QLatin1String(NarrowRows));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(createForm());
     layout->addSpacing(SpaceAboveButtons);
@@ -83,6 +97,8 @@ QGridLayout* CCarEditorDlg::createForm()
     createEdits();
     createDistanceEdit();
     auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(SpaceBetweenColumns);
+    grid->setVerticalSpacing(SpaceBetweenRows);
     const std::pair<QString, QWidget*> rows[] = {{tr("Fahrzeug Name"), m_name},
                                                  {tr("Hersteller Original"), m_originalManufacturer},
                                                  {tr("Typenbezeichnung Original"), m_originalType},
@@ -106,7 +122,7 @@ QGridLayout* CCarEditorDlg::createForm()
     }
     grid->addWidget(m_changeDistance, row - 1, 2);
     addFreeFields(grid, row);
-    grid->setColumnMinimumWidth(2, WidestText - DistanceWidth - grid->horizontalSpacing());
+    grid->setColumnMinimumWidth(2, WidestText - DistanceWidth - SpaceBetweenColumns);
     return grid;
 }
 
@@ -115,11 +131,10 @@ void CCarEditorDlg::createEdits()
     m_name = textEdit("carName", LongestText, this);
     m_originalManufacturer = textEdit("originalManufacturer", tr("z.B. Porsche"), this);
     m_originalType = textEdit("originalType", tr("z.B. 917k"), this);
-    m_startNumber = numberEdit("startNumber", 3, 999, this);
+    m_startNumber = numberEdit("startNumber", 3, 999, NumberWidth, this);
     m_startNumber->setFixedWidth(NumberWidth);
-    m_scale = numberEdit("scale", 3, 100, this);
+    m_scale = numberEdit("scale", 3, 100, NumberWidth, this);
     m_scale->setText(QLatin1String(DefaultScale));
-    m_scale->setMaximumWidth(NumberWidth);
     m_speedClass = new QComboBox(this);
     m_speedClass->setObjectName(QStringLiteral("speedClass"));
     const QString words[NumberOfClasses] = {tr("sehr schnell"), tr("schnell"), tr("normal"), tr("langsam"),
@@ -127,19 +142,20 @@ void CCarEditorDlg::createEdits()
     for (int index = 0; index < NumberOfClasses; ++index)
         m_speedClass->addItem(QStringLiteral("(%1) - %2").arg(index + 1).arg(words[index]));
     m_speedClass->setCurrentIndex(DefaultClassIndex);
+    m_speedClass->setMaximumWidth(WidestText);
     m_modelManufacturer = textEdit("modelManufacturer", tr("z.B. Carrera"), this);
     m_chassis = textEdit("chassis", tr("z.B. Carrera D124"), this);
     m_comment = textEdit("comment", LongestComment, this);
-    m_tankSize = FormParts::amountBox("tankSize", this);
-    m_reserveLevel = FormParts::amountBox("reserveLevel", this);
-    m_minUsage = FormParts::amountBox("minUsage", this);
-    m_maxUsage = FormParts::amountBox("maxUsage", this);
+    m_tankSize = amountBox("tankSize", this);
+    m_reserveLevel = amountBox("reserveLevel", this);
+    m_minUsage = amountBox("minUsage", this);
+    m_maxUsage = amountBox("maxUsage", this);
 }
 
 /** The driven distance can be corrected on purpose only. */
 void CCarEditorDlg::createDistanceEdit()
 {
-    m_distance = numberEdit("distanceDriven", 10, 999999999, this);
+    m_distance = numberEdit("distanceDriven", 10, 999999999, DistanceWidth, this);
     m_distance->setFixedWidth(DistanceWidth);
     m_distance->setEnabled(false);
     m_changeDistance = FormParts::button<QPushButton>("changeDistance", tr("Ändern"), this);

@@ -4,14 +4,55 @@
 #include <QButtonGroup>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSpinBox>
+#include <QStyle>
 #include <QTimeEdit>
+
+namespace {
+
+constexpr int SmallestLetters = 8;        ///< pixels
+constexpr int EdgesOfField = 2 * (1 + 2); ///< pixels: the border and what a line edit keeps free
+constexpr int Cursor = 1;
+
+void markPlaceholder(QLineEdit* edit)
+{
+    const char property[] = "showsPlaceholder";
+    const bool shows = edit->text().isEmpty();
+    if (edit->property(property) == QVariant(shows))
+        return;
+    edit->setProperty(property, shows);
+    edit->style()->unpolish(edit);
+    edit->style()->polish(edit);
+}
+
+} // namespace
 
 namespace FormParts {
 
 QLabel* label(const QString& text, QWidget* parent)
 {
     return new QLabel(text, parent);
+}
+
+void setPlaceholder(QLineEdit* edit, const QString& text)
+{
+    edit->setPlaceholderText(text);
+    QObject::connect(edit, &QLineEdit::textChanged, edit, [edit] { markPlaceholder(edit); });
+    markPlaceholder(edit);
+}
+
+void fitLetters(QLineEdit* edit, int width, const QString& longest)
+{
+    edit->setMinimumHeight(edit->sizeHint().height()); // as high as its neighbours
+    edit->setStyleSheet(QStringLiteral("padding: 0px;"));
+    QFont font = edit->font();
+    for (int size = QFontInfo(font).pixelSize(); size > SmallestLetters; --size) {
+        font.setPixelSize(size);
+        if (QFontMetrics(font).horizontalAdvance(longest) + Cursor + EdgesOfField <= width)
+            break;
+    }
+    edit->setFont(font);
 }
 
 QTimeEdit* timeEdit(const char* name, const QString& format, const QTime& first, const QTime& last,

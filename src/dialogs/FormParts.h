@@ -6,6 +6,7 @@
 class QButtonGroup;
 class QDoubleSpinBox;
 class QLabel;
+class QLineEdit;
 class QSpinBox;
 class QTime;
 class QTimeEdit;
@@ -24,6 +25,13 @@ Button* button(const char* name, const QString& text, QWidget* parent)
 }
 
 QLabel* label(const QString& text, QWidget* parent);
+/**
+ * Says in an empty field what belongs there, dimmer than a text that really stands there: a style sheet
+ * with a colour paints both alike.
+ */
+void setPlaceholder(QLineEdit* edit, const QString& text);
+/** Makes the letters of a field of fixed width small enough for @p longest, with nothing round them. */
+void fitLetters(QLineEdit* edit, int width, const QString& longest);
 /** The times of the range are both allowed. */
 QTimeEdit* timeEdit(const char* name, const QString& format, const QTime& first, const QTime& last,
                     QWidget* parent);

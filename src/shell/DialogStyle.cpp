@@ -22,6 +22,8 @@ const char Fields[] =
     "QLineEdit, QAbstractSpinBox, QComboBox, QTreeView { border: 1px solid darkgray; padding: 2px; }"
     "QLineEdit:disabled, QAbstractSpinBox:disabled, QComboBox:disabled { border-color: #323232; }"
     "QLineEdit:focus, QAbstractSpinBox:focus, QComboBox:focus { border-color: white; color: white; }"
+    "QLineEdit[showsPlaceholder=\"true\"] { color: #646464; }"
+    "QLineEdit[showsPlaceholder=\"true\"]:disabled { color: #505050; }"
     "QAbstractSpinBox { padding-right: 18px; }"
     "QAbstractSpinBox::up-button { subcontrol-position: top right; width: 16px; border: none; }"
     "QAbstractSpinBox::down-button { subcontrol-position: bottom right; width: 16px; border: none; }"

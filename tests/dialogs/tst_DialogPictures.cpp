@@ -1,21 +1,23 @@
+#include "dialogs/CCarEditorDlg.h"
+#include "dialogs/CDriverEditorDlg.h"
 #include "dialogs/CRaceStartDlg.h"
 #include "shell/CTranslationCatalogue.h"
 #include "shell/MainDialogFixture.h"
+#include "support/DialogPicture.h"
 #include "support/ModalAnswers.h"
 
-#include <QAbstractButton>
-#include <QAbstractSpinBox>
-#include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTranslator>
 
-namespace {
+Q_DECLARE_METATYPE(CCar)
 
-const QSize SmallScreen(1366, 768);
+using DialogPicture::look;
+
+namespace {
 
 /** The main dialog with a raceway that can switch power, in a language. */
 class Dashboard
@@ -40,63 +42,39 @@ private:
     std::unique_ptr<MainDialogFixture> m_fixture;
 };
 
-/** Saves the picture where a person wants to look at it: into the directory TORNIK_PICTURES. */
-bool savePicture(QWidget* dialog, const QString& name)
+/** A car with every field, each number at its longest. */
+CCar fullCar()
 {
-    const QString directory = qEnvironmentVariable("TORNIK_PICTURES");
-    return directory.isEmpty() || dialog->grab().save(QDir(directory).filePath(name + ".png"));
+    CCar car;
+    car.setName("Porsche 917k #888");
+    car.setOriginalManufacturer("Porsche");
+    car.setOriginalType("917k");
+    car.setStartNumber("888");
+    car.setScale(100);
+    car.setSpeedClass(5);
+    car.setModelManufacturer("Carrera");
+    car.setChassis("Carrera D124");
+    car.setComment("Sieger 1970");
+    CFuelTank tank;
+    tank.setTankSizeAndReserveLevel(888.88, 888.88);
+    car.setFuelTank(tank);
+    car.setDistanceDriven(888888888);
+    for (int index = 0; index < CCar::NumberOfFreeFields; ++index)
+        car.setFreeField(index, QStringLiteral("Wert %1").arg(index + 1));
+    return car;
 }
 
-/** Whether the whole of a control's text can be seen. */
-bool isWhole(const QWidget* widget)
+/** Lets the car editor show the first @p count free fields. */
+void showFreeFields(int count)
 {
-    const auto* label = qobject_cast<const QLabel*>(widget);
-    if (label && label->wordWrap())
-        return label->height() >= label->heightForWidth(label->width());
-    const bool sized = label || qobject_cast<const QAbstractButton*>(widget) ||
-                       qobject_cast<const QAbstractSpinBox*>(widget);
-    if (!sized)
-        return true;
-    const QSize needed = label ? widget->sizeHint() : widget->minimumSizeHint();
-    return widget->width() >= needed.width() && widget->height() >= needed.height();
-}
-
-QStringList clippedWidgets(const QDialog* dialog)
-{
-    QStringList names;
-    for (const QWidget* widget : dialog->findChildren<QWidget*>()) {
-        const QRect place(widget->mapTo(const_cast<QDialog*>(dialog), QPoint(0, 0)), widget->size());
-        if (widget->isVisible() && (!isWhole(widget) || !dialog->rect().contains(place)))
-            names.append(widget->objectName() + ' ' + widget->property("text").toString());
+    CCarEditorConfig config;
+    config.read();
+    for (int index = 0; index < CCarEditorConfig::NumberOfFields; ++index) {
+        config.setShowFreeField(index, index < count);
+        if (index > 2)
+            config.setTitleFreeField(index, QStringLiteral("Freies Feld Nr. %1").arg(index + 1));
     }
-    return names;
-}
-
-/** @return the letters that stand for more than one visible control. */
-QStringList collidingMnemonics(const QDialog* dialog)
-{
-    QStringList letters;
-    QStringList collisions;
-    for (const QAbstractButton* button : dialog->findChildren<QAbstractButton*>()) {
-        const QString letter = QKeySequence::mnemonic(button->text()).toString();
-        if (!button->isVisible() || letter.isEmpty())
-            continue;
-        if (letters.contains(letter))
-            collisions.append(letter);
-        letters.append(letter);
-    }
-    return collisions;
-}
-
-void look(QDialog* dialog, const QString& name)
-{
-    QVERIFY(QTest::qWaitForWindowExposed(dialog));
-    QApplication::processEvents();
-    QVERIFY(savePicture(dialog, name));
-    QCOMPARE(clippedWidgets(dialog), QStringList());
-    QCOMPARE(collidingMnemonics(dialog), QStringList());
-    QVERIFY2(dialog->width() <= SmallScreen.width() && dialog->height() <= SmallScreen.height(),
-             qPrintable(QStringLiteral("%1x%2").arg(dialog->width()).arg(dialog->height())));
+    config.write();
 }
 
 } // namespace
@@ -112,6 +90,12 @@ private Q_SLOTS:
     void raceSettingsAreWhollyVisible();
     void raceNameIsWhollyVisible_data();
     void raceNameIsWhollyVisible();
+    void carEditorIsWhollyVisible_data();
+    void carEditorIsWhollyVisible();
+    void carEditorConfigIsWhollyVisible_data();
+    void carEditorConfigIsWhollyVisible();
+    void driverEditorIsWhollyVisible_data();
+    void driverEditorIsWhollyVisible();
 };
 
 void tst_DialogPictures::init()
@@ -167,6 +151,81 @@ void tst_DialogPictures::raceNameIsWhollyVisible()
         dialog->reject();
     });
     QVERIFY(dashboard->trigger("raceTrigger"));
+}
+
+void tst_DialogPictures::carEditorIsWhollyVisible_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<CCar>("car");
+    QTest::addColumn<int>("fields");
+    for (const char* language : {"de", "en"}) {
+        QTest::newRow(qPrintable(QStringLiteral("car-new-%1").arg(language))) << language << CCar() << 3;
+        QTest::newRow(qPrintable(QStringLiteral("car-full-%1").arg(language))) << language << fullCar() << 10;
+        QTest::newRow(qPrintable(QStringLiteral("car-bare-%1").arg(language))) << language << fullCar() << 0;
+    }
+}
+
+void tst_DialogPictures::carEditorIsWhollyVisible()
+{
+    QFETCH(QString, language);
+    QFETCH(CCar, car);
+    QFETCH(int, fields);
+    const Dashboard dashboard(language);
+    CCarEditorDlg editor(&dashboard->dialog);
+    showFreeFields(fields);
+    ModalAnswers answers;
+    answers.expect([](QDialog* dialog) {
+        look(dialog, QTest::currentDataTag());
+        dialog->reject();
+    });
+    car.name().isEmpty() ? editor.newCar(&car) : editor.editCar(&car);
+}
+
+void tst_DialogPictures::carEditorConfigIsWhollyVisible_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("car-config-de") << "de";
+    QTest::newRow("car-config-en") << "en";
+}
+
+void tst_DialogPictures::carEditorConfigIsWhollyVisible()
+{
+    QFETCH(QString, language);
+    const Dashboard dashboard(language);
+    CCarEditorDlg editor(&dashboard->dialog);
+    CCar car;
+    ModalAnswers answers;
+    answers.expect([](QDialog* dialog) {
+        QTest::mouseClick(dialog->findChild<QPushButton*>("configureButton"), Qt::LeftButton);
+        dialog->reject();
+    });
+    answers.expect([](QDialog* dialog) {
+        look(dialog, QTest::currentDataTag());
+        dialog->reject();
+    });
+    editor.newCar(&car);
+}
+
+void tst_DialogPictures::driverEditorIsWhollyVisible_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("driver-de") << "de";
+    QTest::newRow("driver-en") << "en";
+}
+
+void tst_DialogPictures::driverEditorIsWhollyVisible()
+{
+    QFETCH(QString, language);
+    const Dashboard dashboard(language);
+    CDriverEditorDlg editor(&dashboard->dialog);
+    CDriver driver;
+    driver.setName("Maximilian Mustermann");
+    ModalAnswers answers;
+    answers.expect([](QDialog* dialog) {
+        look(dialog, QTest::currentDataTag());
+        dialog->reject();
+    });
+    editor.editDriver(&driver);
 }
 
 QTEST_MAIN(tst_DialogPictures)
