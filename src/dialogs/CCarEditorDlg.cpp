@@ -1,5 +1,6 @@
 #include "dialogs/CCarEditorDlg.h"
 
+#include "data/CCarList.h"
 #include "dialogs/CCarEditorConfigDlg.h"
 #include "dialogs/FormParts.h"
 #include "shell/DialogStyle.h"
@@ -28,8 +29,6 @@ constexpr int SpaceBetweenRows = 2;
 const char NarrowRows[] = "QLineEdit, QAbstractSpinBox, QComboBox, QPushButton#changeDistance "
                           "{ padding-top: 0px; padding-bottom: 0px; }";
 constexpr int NumberOfClasses = 5;
-constexpr quint32 MaxUsageTime = 1000;  ///< milliseconds of a lap
-constexpr quint32 MinUsageTime = 10000; ///< milliseconds of a lap
 const char DefaultScale[] = "24";
 constexpr int DefaultClassIndex = 1;
 
@@ -75,9 +74,30 @@ void append(QString& text, const QString& word)
     text += word;
 }
 
+// A car from a file may have a longer text or another amount than its field can show. The car keeps it
+// where the user has left the field alone.
+
+QString textOf(const QLineEdit* edit, const QString& before)
+{
+    const bool untouched = edit->text() == before.left(edit->maxLength());
+    return untouched ? before : edit->text();
+}
+
+int numberOf(const QLineEdit* edit, int before)
+{
+    return textOf(edit, QString::number(before)).toInt();
+}
+
+double valueOf(const QDoubleSpinBox* box, double before)
+{
+    const double rounded = QString::number(before, 'f', box->decimals()).toDouble();
+    const bool untouched = box->value() == qBound(box->minimum(), rounded, box->maximum());
+    return untouched ? before : box->value();
+}
+
 } // namespace
 
-CCarEditorDlg::CCarEditorDlg(QWidget* parent) : QDialog(parent), m_configDialog(new CCarEditorConfigDlg(this))
+CCarEditorDlg::CCarEditorDlg(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("carEditorDialog"));
     setWindowTitle(tr("Fahrzeug Editor"));
@@ -88,6 +108,7 @@ CCarEditorDlg::CCarEditorDlg(QWidget* parent) : QDialog(parent), m_configDialog(
     layout->addLayout(createButtons());
     layout->setSizeConstraint(QLayout::SetFixedSize); // it grows and shrinks with the free fields
     connectName();
+    m_configDialog = new CCarEditorConfigDlg(this);
 }
 
 // The form
@@ -168,7 +189,7 @@ void CCarEditorDlg::addFreeFields(QGridLayout* grid, int firstRow)
     for (int index = 0; index < CCarEditorConfig::NumberOfFields; ++index) {
         FreeField& field = m_freeFields[std::size_t(index)];
         field.title = FormParts::label(QString(), this);
-        field.title->setObjectName(QStringLiteral("titleFreeField%1").arg(index));
+        field.title->setObjectName(QStringLiteral("freeFieldTitle%1").arg(index));
         field.title->setTextFormat(Qt::PlainText);
         field.title->setMaximumWidth(WidestText);
         field.text = textEdit(qPrintable(QStringLiteral("freeField%1").arg(index)), LongestText, this);
@@ -300,26 +321,27 @@ int CCarEditorDlg::run(CCar& car)
 /** Also the fields that the user doesn't see. */
 void CCarEditorDlg::storeCar(CCar& car) const
 {
-    car.setName(m_name->text());
-    car.setOriginalManufacturer(m_originalManufacturer->text());
-    car.setOriginalType(m_originalType->text());
-    car.setStartNumber(m_startNumber->text());
-    car.setScale(m_scale->text().toInt());
+    car.setName(textOf(m_name, car.name()));
+    car.setOriginalManufacturer(textOf(m_originalManufacturer, car.originalManufacturer()));
+    car.setOriginalType(textOf(m_originalType, car.originalType()));
+    car.setStartNumber(textOf(m_startNumber, car.startNumber()));
+    car.setScale(numberOf(m_scale, car.scale()));
     car.setSpeedClass(m_speedClass->currentIndex() + 1);
-    car.setModelManufacturer(m_modelManufacturer->text());
-    car.setChassis(m_chassis->text());
-    car.setComment(m_comment->text());
+    car.setModelManufacturer(textOf(m_modelManufacturer, car.modelManufacturer()));
+    car.setChassis(textOf(m_chassis, car.chassis()));
+    car.setComment(textOf(m_comment, car.comment()));
     car.setFuelTank(storedTank(car.fuelTank()));
-    car.setDistanceDriven(m_distance->text().toInt());
+    car.setDistanceDriven(numberOf(m_distance, car.distanceDriven()));
     for (int index = 0; index < CCarEditorConfig::NumberOfFields; ++index)
-        car.setFreeField(index, m_freeFields[std::size_t(index)].text->text());
+        car.setFreeField(index, textOf(m_freeFields[std::size_t(index)].text, car.freeField(index)));
 }
 
 CFuelTank CCarEditorDlg::storedTank(CFuelTank tank) const
 {
-    tank.setTankSizeAndReserveLevel(m_tankSize->value(), m_reserveLevel->value());
-    tank.setMaxUsage(m_maxUsage->value(), MaxUsageTime);
-    tank.setMinUsage(m_minUsage->value(), MinUsageTime);
+    tank.setTankSizeAndReserveLevel(valueOf(m_tankSize, tank.tankSize()),
+                                    valueOf(m_reserveLevel, tank.reserveLevel()));
+    tank.setMaxUsage(valueOf(m_maxUsage, tank.maxUsageAmount()), CCarList::MaxUsageTime);
+    tank.setMinUsage(valueOf(m_minUsage, tank.minUsageAmount()), CCarList::MinUsageTime);
     return tank;
 }
 

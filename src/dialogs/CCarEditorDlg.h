@@ -79,7 +79,7 @@ private:
     QPushButton* m_changeDistance = nullptr;
     std::array<FreeField, CCarEditorConfig::NumberOfFields> m_freeFields;
     CCarEditorConfig m_config;
-    CCarEditorConfigDlg* m_configDialog;
+    CCarEditorConfigDlg* m_configDialog = nullptr;
     bool m_compileNameAutomatically = false;
 };
 
