@@ -4,6 +4,7 @@
 #include "data/CDriverList.h"
 #include "data/CRacewayList.h"
 #include "dialogs/CKelmoRaceSettings.h"
+#include "dialogs/CKelmoSettings.h"
 #include "dialogs/CRaceStartDlg.h"
 #include "io/CKelmoPortSimulator.h"
 #include "qr/QrTags.h"
@@ -56,6 +57,7 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
       m_portSimulator(new CKelmoPortSimulator(this)),
       m_settings(settings),
       m_raceSettings(raceSettings),
+      m_settingsDialog(new CKelmoSettings(settings, this)),
       m_raceSettingsDialog(new CKelmoRaceSettings(raceSettings, this)),
       m_raceStartDialog(new CRaceStartDlg(this)),
       m_raceStoreDialog(new CRaceStoreDlg(this)),
@@ -63,6 +65,7 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
       m_questions(std::make_unique<CUserQuestions>())
 {
     setObjectName("mainDialog");
+    connect(m_settingsDialog, &CKelmoSettings::raceTrackChanged, this, &CKelmoMainDialog::newRacewaySelected);
     createWidgets();
     newRacewaySelected();
     setSoundHandler(std::make_unique<CSoundHandler>());
@@ -252,6 +255,30 @@ void CKelmoMainDialog::showRaceSettings()
 void CKelmoMainDialog::showSettings()
 {
     collectDriversAndCars();
+    giveListsToSettingsDialog();
+    if (m_settingsDialog->run() != QDialog::Accepted) {
+        takeListsAsTheyAre();
+        return;
+    }
+    onSettingsChanged();
+    onRaceSettingsChanged();
+    Q_EMIT settingsChanged();
+    Q_EMIT raceSettingsChanged();
+}
+
+/** Lists of its own: those of this window show their models in the boxes of the panels. */
+void CKelmoMainDialog::giveListsToSettingsDialog()
+{
+    m_settingsDialog->setLists(std::make_unique<CRacewayList>(), std::make_unique<CCarList>(),
+                               std::make_unique<CDriverList>());
+}
+
+/** What was done to raceways, cars and drivers stays done where the settings are cancelled. */
+void CKelmoMainDialog::takeListsAsTheyAre()
+{
+    m_driverList->nameModel();
+    m_carList->nameModel();
+    vPublishDriversAndCarsToTrackDisplays();
 }
 
 void CKelmoMainDialog::showRaceAnalyzer()

@@ -15,6 +15,7 @@ class CInfoFrame;
 class CKelmoPortSimulator;
 class CKelmoRaceAnalyzer;
 class CKelmoRaceSettings;
+class CKelmoSettings;
 class CLights;
 class CMainMenu;
 class CRace;
@@ -145,6 +146,8 @@ private:
     void showSectionTimes(CTrackDisplay* panel, const CRaceEvent& event) const;
     void raceStarted();
     void collectDriversAndCars();
+    void giveListsToSettingsDialog();
+    void takeListsAsTheyAre();
     void applyQrCode(CTrackDisplay* panel, const QString& text);
 
     std::unique_ptr<CRacewayList> m_racewayList;
@@ -153,6 +156,7 @@ private:
     CKelmoPortSimulator* m_portSimulator;
     CSettings* m_settings;         ///< not owned
     CRaceSettings* m_raceSettings; ///< not owned
+    CKelmoSettings* m_settingsDialog;
     CKelmoRaceSettings* m_raceSettingsDialog;
     CRaceStartDlg* m_raceStartDialog;
     CRaceStoreDlg* m_raceStoreDialog; ///< stands ready; no entry uses it

@@ -8,6 +8,7 @@ bool CUserQuestions::ask(QWidget* parent, const QString& title, const QString& t
                          const QString& no)
 {
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText); // a name in the text may look like markup
     QPushButton* yesButton = box.addButton(yes, QMessageBox::YesRole);
     box.setDefaultButton(yesButton);
     box.setEscapeButton(box.addButton(no, QMessageBox::NoRole));

@@ -181,6 +181,7 @@ private Q_SLOTS:
     void startingCollectsDriversAndCarsOfTheBoxes();
     void settingsEntriesCollectDriversAndCars();
     void raceSettingsTakeEffectOnlyWhereTheyAreAccepted();
+    void settingsTakeEffectOnlyWhereTheyAreAccepted();
     void storedChoiceShowsInTheBoxesAtStart();
     void choiceSurvivesChangedSettings();
     void lateEntriesOfALongListCanBeShown();
@@ -617,6 +618,7 @@ void tst_CKelmoMainDialog::settingsEntriesCollectDriversAndCars()
     QVERIFY(fixture.trigger("showRaceSettings"));
     QCOMPARE(fixture.raceSettings.driver(0).name(), QString("Ben"));
     fixture.driverBox(1)->setCurrentText("Anna");
+    answers.expect([](QDialog* dialog) { dialog->reject(); });
     QVERIFY(fixture.trigger("showSettings"));
     QCOMPARE(fixture.raceSettings.driver(0).name(), QString("Anna"));
 }
@@ -648,6 +650,27 @@ void tst_CKelmoMainDialog::raceSettingsTakeEffectOnlyWhereTheyAreAccepted()
     QCOMPARE(endCondition->text(), QString("Zeitlimit 00:05:00"));
 }
 
+void tst_CKelmoMainDialog::settingsTakeEffectOnlyWhereTheyAreAccepted()
+{
+    MainDialogFixture fixture;
+    const QSignalSpy settingsChanged(&fixture.dialog, &CKelmoMainDialog::settingsChanged);
+    const QSignalSpy raceSettingsChanged(&fixture.dialog, &CKelmoMainDialog::raceSettingsChanged);
+    const QSignalSpy racewayChanged(&fixture.dialog, &CKelmoMainDialog::racewayChanged);
+    const auto press = [](const char* button) {
+        return [button](QDialog* dialog) { dialog->findChild<QAbstractButton*>(button)->click(); };
+    };
+    ModalAnswers answers;
+    answers.expect(press("cancelButton"));
+    QVERIFY(fixture.trigger("showSettings"));
+    // Whoever has a race to store still has it.
+    QCOMPARE(settingsChanged.count() + raceSettingsChanged.count() + racewayChanged.count(), 0);
+    answers.expect(press("okButton"));
+    QVERIFY(fixture.trigger("showSettings"));
+    QCOMPARE(settingsChanged.count(), 1);
+    QCOMPARE(raceSettingsChanged.count(), 1);
+    QCOMPARE(racewayChanged.count(), 1);
+}
+
 void tst_CKelmoMainDialog::storedChoiceShowsInTheBoxesAtStart()
 {
     addDriversAndCars();
@@ -673,13 +696,13 @@ void tst_CKelmoMainDialog::choiceSurvivesChangedSettings()
     fixture.setRaceway(racewayWithTracks(2));
     fixture.driverBox(2)->setCurrentText("Ben");
     fixture.carBox(2)->setCurrentText("Pfeil");
-    QVERIFY(fixture.trigger("showSettings"));
-    fixture.dialog.onSettingsChanged();
-    QCOMPARE(fixture.driverBox(2)->currentText(), QString("Ben"));
-    QCOMPARE(fixture.carBox(2)->currentText(), QString("Pfeil"));
-    fixture.dialog.onRaceSettingsChanged();
-    QCOMPARE(fixture.driverBox(2)->currentText(), QString("Ben"));
-    QCOMPARE(fixture.carBox(2)->currentText(), QString("Pfeil"));
+    for (const char* button : {"okButton", "cancelButton"}) {
+        ModalAnswers answers;
+        answers.expect([button](QDialog* dialog) { dialog->findChild<QAbstractButton*>(button)->click(); });
+        QVERIFY(fixture.trigger("showSettings"));
+        QCOMPARE(fixture.driverBox(2)->currentText(), QString("Ben"));
+        QCOMPARE(fixture.carBox(2)->currentText(), QString("Pfeil"));
+    }
 }
 
 void tst_CKelmoMainDialog::lateEntriesOfALongListCanBeShown()

@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimeEdit>
+#include <QTreeView>
 #include <QVariant>
 
 /** Works the controls of an open dialog by mouse and keys; each is found by its object name. */
@@ -70,6 +71,35 @@ public:
         if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
             return edit->text();
         return widget->property("value");
+    }
+
+    /** Clicks on a row of a list. */
+    void selectRow(const char* tree, int row) const
+    {
+        auto* view = control<QTreeView>(tree);
+        bringUp(view);
+        const QModelIndex index = view->model()->index(row, 0);
+        view->scrollTo(index);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualRect(index).center());
+    }
+    /** @return the rows of a list, their columns joined with "|". */
+    QStringList rows(const char* tree) const
+    {
+        const QAbstractItemModel* model = control<QTreeView>(tree)->model();
+        QStringList texts;
+        for (int row = 0; row < model->rowCount(); ++row) {
+            QStringList columns;
+            for (int column = 0; column < model->columnCount(); ++column)
+                columns.append(model->index(row, column).data().toString());
+            texts.append(columns.join('|'));
+        }
+        return texts;
+    }
+    /** @return the row that is selected in a list; -1 for none. */
+    int selectedRow(const char* tree) const
+    {
+        const QModelIndexList rows = control<QTreeView>(tree)->selectionModel()->selectedRows();
+        return rows.isEmpty() ? -1 : rows.first().row();
     }
 
     /** Types over what stands there and leaves the field. */
