@@ -2,14 +2,21 @@
 #define TORNIK_DIALOGS_CKELMOSETTINGS_H
 
 #include <QDialog>
+#include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class CCarList;
+class CDisplayTab;
 class CDriverList;
 class CListTab;
+class CNetworkTab;
+class CQrCodeTab;
 class CRacewayList;
 class CSettings;
+class CSoundTab;
+class CStorageTab;
 class CUserQuestions;
 class QHBoxLayout;
 
@@ -37,6 +44,8 @@ public:
 
     /** Replaces the boxes that wait for the user, so that a test can answer. */
     void setUserQuestions(std::unique_ptr<CUserQuestions> questions);
+    /** Replaces the cameras to choose from, so that a test can have some. */
+    void setCameraNames(std::function<QStringList()> names) { m_cameraNames = std::move(names); }
 
 Q_SIGNALS:
     /** Nobody emits it: what becomes of new settings is told by the result of run(). */
@@ -52,11 +61,40 @@ private Q_SLOTS:
     void vEditRaceway();
     void vDelRaceway();
     void vSetCurrent();
+    void vUpdateDisplayShowIntermediateTimes(int state);
+    void vUpdateDisplaySpeedType(int state);
+    /** @param track from 0 */
+    void vSelectColorSlotX(int track);
+    void vSelectColorSlot1() { vSelectColorSlotX(0); }
+    void vSelectColorSlot2() { vSelectColorSlotX(1); }
+    void vSelectColorSlot3() { vSelectColorSlotX(2); }
+    void vSelectColorSlot4() { vSelectColorSlotX(3); }
+    void vSelectColorSlot5() { vSelectColorSlotX(4); }
+    void vSelectColorSlot6() { vSelectColorSlotX(5); }
+    void vSelectColorSlot7() { vSelectColorSlotX(6); }
+    void vSelectColorSlot8() { vSelectColorSlotX(7); }
+    void vSelectColorBestLapAndStatus();
+    void vSelectNewBestLapSound();
+    void vSelectDriveThroughSound();
+    void vSelectRedLightSound();
+    void vSelectGreenLightSound();
+    void vSoundUpdateStates(int state);
+    void vSoundLapTimeUpdateStates(int state);
+    void vSelectStorageDefaultPath();
+    void vStorageUpdateStates();
+    void vNetworkUpdateStates();
+    void vQrCodeUpdateStates();
 
 private:
     void createControls();
     void createRacewayTab();
+    void connectDisplay();
+    void connectSounds();
+    void connectOthers();
     QHBoxLayout* createButtons();
+    void showSettings();
+    void applyEnableRules();
+    void selectSound(int sound, const QString& title);
     void showLists();
     bool isDeletionWanted(const QString& title, const QString& question);
 
@@ -65,7 +103,13 @@ private:
     std::unique_ptr<CCarList> m_carList;
     std::unique_ptr<CDriverList> m_driverList;
     std::unique_ptr<CUserQuestions> m_questions;
+    std::function<QStringList()> m_cameraNames;
     CListTab* m_raceways = nullptr;
+    CDisplayTab* m_display = nullptr;
+    CSoundTab* m_sounds = nullptr;
+    CStorageTab* m_storage = nullptr;
+    CNetworkTab* m_network = nullptr;
+    CQrCodeTab* m_qrCode = nullptr;
 };
 
 #endif

@@ -11,14 +11,17 @@
 namespace {
 
 const QSize SmallestList(440, 320);
-constexpr int WidestColumn = 280;  ///< so that a long name doesn't push the other columns out of sight
-constexpr int RowsMeasured = 100;  ///< of a long list, to find the width of a column
+constexpr int WidestColumn = 280; ///< so that a long name doesn't push the other columns out of sight
+constexpr int RowsMeasured = 100; ///< of a long list, to find the width of a column
 constexpr int SpaceInColumn = 12;
 
 } // namespace
 
 CListTab::CListTab(const char* treeName, const QString& caption, QWidget* parent)
-    : QWidget(parent), m_tree(new QTreeView(this)), m_listColumn(new QVBoxLayout), m_buttonColumn(new QVBoxLayout)
+    : QWidget(parent),
+      m_tree(new QTreeView(this)),
+      m_listColumn(new QVBoxLayout),
+      m_buttonColumn(new QVBoxLayout)
 {
     m_tree->setObjectName(QLatin1String(treeName));
     m_tree->setMinimumSize(SmallestList);

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QDoubleSpinBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -53,6 +54,14 @@ void fitLetters(QLineEdit* edit, int width, const QString& longest)
             break;
     }
     edit->setFont(font);
+}
+
+QHBoxLayout* indented(QWidget* widget, int steps)
+{
+    auto* row = new QHBoxLayout;
+    row->addSpacing(steps * Indent);
+    row->addWidget(widget);
+    return row;
 }
 
 QTimeEdit* timeEdit(const char* name, const QString& format, const QTime& first, const QTime& last,

@@ -5,6 +5,7 @@
 
 class QButtonGroup;
 class QDoubleSpinBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
@@ -14,6 +15,8 @@ class QWidget;
 
 /** Makes the controls that the forms of the dialogs share. Each belongs to its parent widget. */
 namespace FormParts {
+
+constexpr int Indent = 20; ///< pixels from a control to those that depend on it
 
 /** Makes a button of any kind. */
 template <typename Button>
@@ -32,6 +35,8 @@ QLabel* label(const QString& text, QWidget* parent);
 void setPlaceholder(QLineEdit* edit, const QString& text);
 /** Makes the letters of a field of fixed width small enough for @p longest, with nothing round them. */
 void fitLetters(QLineEdit* edit, int width, const QString& longest);
+/** @return a row with a widget behind an indent of so many steps. */
+QHBoxLayout* indented(QWidget* widget, int steps = 1);
 /** The times of the range are both allowed. */
 QTimeEdit* timeEdit(const char* name, const QString& format, const QTime& first, const QTime& last,
                     QWidget* parent);

@@ -27,6 +27,11 @@ QString CUserQuestions::askOpenFileName(QWidget* parent, const QString& title, c
     return QFileDialog::getOpenFileName(parent, title, QString(), filter);
 }
 
+QString CUserQuestions::askDirectory(QWidget* parent, const QString& title)
+{
+    return QFileDialog::getExistingDirectory(parent, title);
+}
+
 void CUserQuestions::showAbout(QWidget* parent, const QString& title, const QString& text)
 {
     QMessageBox::about(parent, title, text);

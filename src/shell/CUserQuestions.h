@@ -24,6 +24,8 @@ public:
                                     const QString& filter);
     /** @return the name of the file to read; empty if the user cancelled. */
     virtual QString askOpenFileName(QWidget* parent, const QString& title, const QString& filter);
+    /** @return the path of a folder; empty if the user cancelled. */
+    virtual QString askDirectory(QWidget* parent, const QString& title);
     /** @param text HTML */
     virtual void showAbout(QWidget* parent, const QString& title, const QString& text);
 };

@@ -3,7 +3,10 @@
 
 #include <QIntValidator>
 
-/** Refuses a number above the range while it is typed; its base lets one of as many digits pass. */
+/**
+ * Takes digits alone, and refuses a number above the range while it is typed; its base lets signs pass,
+ * and a number of as many digits. For ranges from 0 on.
+ */
 class CStrictIntValidator : public QIntValidator
 {
     Q_OBJECT

@@ -20,6 +20,7 @@ public:
         auto script = std::make_unique<CScriptedQuestions>();
         user = script.get();
         dialog()->setUserQuestions(std::move(script));
+        dialog()->setCameraNames([this] { return cameras; });
     }
 
     /** Leaves neither a file nor a setting of the test before. */
@@ -49,7 +50,8 @@ public:
     void openAndCancel(const Work& work) { open(work, "cancelButton"); }
 
     MainDialogFixture main;
-    CScriptedQuestions* user; ///< answers the boxes of the settings
+    QStringList cameras;
+    CScriptedQuestions* user;        ///< answers the boxes of the settings
     ModalAnswers* answers = nullptr; ///< of the windows that open over the settings, while these are open
 };
 

@@ -39,6 +39,12 @@ public:
 
     void press(const char* button) const { QTest::mouseClick(control<QPushButton>(button), Qt::LeftButton); }
 
+    void bringUpAndPress(const char* button) const
+    {
+        bringUp(control(button));
+        press(button);
+    }
+
     /** Gives a control its value: bool, number, text or time. Does nothing if it is disabled. */
     void enter(const char* name, const QVariant& value) const
     {
@@ -107,6 +113,8 @@ public:
     {
         field->setFocus();
         QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        if (text.isEmpty())
+            QTest::keyClick(field, Qt::Key_Delete);
         QTest::keyClicks(field, text);
         QTest::keyClick(field, Qt::Key_Tab);
     }

@@ -26,6 +26,11 @@ public:
         questions.append({title, filter});
         return fileName;
     }
+    QString askDirectory(QWidget*, const QString& title) override
+    {
+        questions.append({title});
+        return fileName;
+    }
     void showAbout(QWidget*, const QString& title, const QString& text) override
     {
         questions.append({title, text});
