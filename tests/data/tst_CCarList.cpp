@@ -1,5 +1,6 @@
 #include "data/CCarList.h"
 #include "support/DatabaseFile.h"
+#include "support/ModelTexts.h"
 
 #include <QtTest>
 
@@ -78,14 +79,6 @@ void compareCars(const CCar& actual, const CCar& expected)
 bool writeLines(const QString& fileName, const QStringList& lines)
 {
     return writeContent(fileName, lines.join('\n').toUtf8() + '\n');
-}
-
-QStringList headersOf(const QAbstractItemModel* model)
-{
-    QStringList headers;
-    for (int column = 0; column < model->columnCount(); ++column)
-        headers << model->headerData(column, Qt::Horizontal).toString();
-    return headers;
 }
 
 } // namespace

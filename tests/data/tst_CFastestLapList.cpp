@@ -1,5 +1,6 @@
 #include "data/CFastestLapList.h"
 #include "support/DatabaseFile.h"
+#include "support/ModelTexts.h"
 
 #include <QtTest>
 
@@ -34,27 +35,6 @@ QStringList storedRecords()
 {
     return DatabaseFile().rows(
         "SELECT id, racewayId, trackId, carId, driverId, time FROM fastestLapTimes ORDER BY id");
-}
-
-QStringList headersOf(const QAbstractItemModel* model)
-{
-    QStringList headers;
-    for (int column = 0; column < model->columnCount(); ++column)
-        headers << model->headerData(column, Qt::Horizontal).toString();
-    return headers;
-}
-
-/** @return one text a row, the columns joined with "|". */
-QStringList rowsOf(const QAbstractItemModel* model)
-{
-    QStringList rows;
-    for (int row = 0; row < model->rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < model->columnCount(); ++column)
-            cells << model->index(row, column).data().toString();
-        rows << cells.join('|');
-    }
-    return rows;
 }
 
 /** @return the statement behind a model of the list. */

@@ -1,5 +1,6 @@
 #include "data/CRacewayList.h"
 #include "support/DatabaseFile.h"
+#include "support/ModelTexts.h"
 
 #include <QtTest>
 
@@ -80,14 +81,6 @@ QList<int> trackIds(const CRaceway& raceway)
     for (const CRacewayTrack& track : raceway.tracks)
         ids << track.id;
     return ids;
-}
-
-QStringList headersOf(const QAbstractItemModel* model)
-{
-    QStringList headers;
-    for (int column = 0; column < model->columnCount(); ++column)
-        headers << model->headerData(column, Qt::Horizontal).toString();
-    return headers;
 }
 
 } // namespace

@@ -1,30 +1,10 @@
 #include "race/CRaceList.h"
 #include "race/StoredRaceFixture.h"
+#include "support/ModelTexts.h"
 
 #include <QtTest>
 
 namespace {
-
-QStringList headersOf(const QAbstractItemModel* model)
-{
-    QStringList headers;
-    for (int column = 0; column < model->columnCount(); ++column)
-        headers << model->headerData(column, Qt::Horizontal).toString();
-    return headers;
-}
-
-/** @return one text a row, the columns joined with "|". */
-QStringList rowsOf(const QAbstractItemModel* model)
-{
-    QStringList rows;
-    for (int row = 0; row < model->rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < model->columnCount(); ++column)
-            cells << model->index(row, column).data().toString();
-        rows << cells.join('|');
-    }
-    return rows;
-}
 
 /** @return the ids of the races, of the participants and of the laps. */
 QStringList storedIds()

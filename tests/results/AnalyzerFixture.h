@@ -8,6 +8,7 @@
 #include "shell/MainDialogFixture.h"
 #include "support/DatabaseFile.h"
 #include "support/ModalAnswers.h"
+#include "support/ModelTexts.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -70,15 +71,7 @@ public:
     /** @return the rows as they are on the screen, the columns joined with "|". */
     QStringList rows() const
     {
-        QStringList texts;
-        const QAbstractItemModel* model = tree()->model();
-        for (int row = 0; row < model->rowCount(); ++row) {
-            QStringList cells;
-            for (int column = 0; column < model->columnCount(); ++column)
-                cells << shownText(model->index(row, column));
-            texts << cells.join('|');
-        }
-        return texts;
+        return rowsOf(tree()->model(), [this](const QModelIndex& index) { return shownText(index); });
     }
     void clickHeader(int column)
     {

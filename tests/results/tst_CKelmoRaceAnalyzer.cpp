@@ -127,10 +127,7 @@ void tst_CKelmoRaceAnalyzer::theLapsOfTheActiveRacewayAreShownTheFastestFirst()
     AnalyzerFixture fixture;
     fixture.show([&] {
         QCOMPARE(fixture.rows(), TestbahnLaps);
-        QStringList headers;
-        for (int column = 0; column < 4; ++column)
-            headers << fixture.tree()->model()->headerData(column, Qt::Horizontal).toString();
-        QCOMPARE(headers, (QStringList{"Fahrer", "Fahrzeug", "Spur", "Zeit"}));
+        QCOMPARE(headersOf(fixture.tree()->model()), (QStringList{"Fahrer", "Fahrzeug", "Spur", "Zeit"}));
         QVERIFY(fixture.header()->isSortIndicatorShown());
         QCOMPARE(fixture.header()->sortIndicatorSection(), 3);
         QCOMPARE(fixture.header()->sortIndicatorOrder(), Qt::AscendingOrder);

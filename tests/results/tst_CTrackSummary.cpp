@@ -1,5 +1,6 @@
 #include "results/CTrackSummary.h"
 #include "results/DrivenMember.h"
+#include "support/ModelTexts.h"
 
 #include <QGroupBox>
 #include <QHeaderView>
@@ -35,11 +36,7 @@ QStringList column(const CTrackSummary& summary, int column)
 
 QStringList headers(const CTrackSummary& summary)
 {
-    QStringList texts;
-    const QAbstractItemModel* model = lapView(summary)->model();
-    for (int section = 0; section < model->columnCount(); ++section)
-        texts.append(model->headerData(section, Qt::Horizontal).toString());
-    return texts;
+    return headersOf(lapView(summary)->model());
 }
 
 /** The rows whose every cell is marked red and bold; a row marked only in part gives -1. */
