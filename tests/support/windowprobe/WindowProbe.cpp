@@ -85,10 +85,7 @@ class WindowProbePlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "windowprobe.json")
 
 public:
-    QObject* create(const QString& /*name*/, const QString& specification) override
-    {
-        return new WindowProbe(specification);
-    }
+    QObject* create(const QString& /*name*/, const QString& file) override { return new WindowProbe(file); }
 };
 
 #include "WindowProbe.moc"
