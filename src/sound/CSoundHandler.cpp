@@ -1,6 +1,8 @@
 #include "sound/CSoundHandler.h"
 
+#include "sound/EffectFile.h"
 #include "sound/SoundFiles.h"
+#include "sound/SoundLog.h"
 
 #include <QSound>
 
@@ -9,7 +11,12 @@ namespace {
 void replace(std::unique_ptr<QSound>& sound, const QString& file)
 {
     sound.reset();
-    sound = std::make_unique<QSound>(soundFilePath(file));
+    const QString path = soundFilePath(file);
+    if (!isEffectFile(path)) {
+        qCDebug(soundLog) << "no effect in" << path;
+        return;
+    }
+    sound = std::make_unique<QSound>(path);
     // A short silent start loads the file.
     sound->setLoops(0);
     sound->play();
