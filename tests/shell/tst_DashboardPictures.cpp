@@ -182,6 +182,7 @@ class tst_DashboardPictures : public QObject
 
 private Q_SLOTS:
     void init();
+    void eightTracksInTheLargeSizeAreWhollyVisible_data();
     void eightTracksInTheLargeSizeAreWhollyVisible();
     void eightTracksInTheSmallSizeAreWhollyVisibleWithAllFields();
     void figuresStandStillInAllStates_data();
@@ -194,9 +195,20 @@ void tst_DashboardPictures::init()
     QSettings("Tornik", "Tornik").clear();
 }
 
+void tst_DashboardPictures::eightTracksInTheLargeSizeAreWhollyVisible_data()
+{
+    QTest::addColumn<bool>("english");
+    QTest::newRow("German") << false;
+    QTest::newRow("English") << true;
+}
+
 void tst_DashboardPictures::eightTracksInTheLargeSizeAreWhollyVisible()
 {
+    QFETCH(bool, english);
+    const auto language = english ? std::make_unique<EnglishProgram>() : nullptr;
+    QVERIFY(!language || language->isFound());
     MainDialogFixture fixture;
+    QCOMPARE(fixture.settings.displaySize(), int(CSettings::Large));
     fixture.setRaceway(racewayWithTracks(8));
     QVERIFY(showOnScreen(fixture.dialog));
     showRace(fixture, 8, Ended);
