@@ -48,8 +48,12 @@ public:
     unsigned long read(unsigned long pipe, char* report, unsigned long size)
     {
         std::optional<std::uint32_t> levels;
-        if (pipe == SpecialPipe && waitForAnswer(&levels))
-            return m_chip.answer(levels.value_or(m_chip.pins()), report, size);
+        if (pipe == SpecialPipe && waitForAnswer(&levels)) {
+            // The pins first: an unplugged chip must not tell what happened to them afterwards.
+            const std::uint32_t told = levels.value_or(m_chip.pins());
+            if (isAlive())
+                return m_chip.answer(told, report, size);
+        }
         m_chip.add(VirtualIoWarrior::Refused);
         return 0;
     }
