@@ -59,6 +59,7 @@ void CCarreraCuIo::start()
     if (m_thread->isRunning())
         return;
     m_thread->setTarget(this);
+    m_thread->setPortName(m_portOfBlob); // another interface may have had the thread meanwhile
     m_thread->start();
 }
 
@@ -75,7 +76,8 @@ bool CCarreraCuIo::isRunning() const
 void CCarreraCuIo::readSettings(const QByteArray& blob)
 {
     readSerialSettings(blob, &m_portName);
-    m_thread->setPortName(m_portName);
+    m_portOfBlob = m_portName;
+    m_thread->setPortName(m_portOfBlob);
 }
 
 QByteArray CCarreraCuIo::writeSettings() const

@@ -13,7 +13,8 @@ class CCarreraCuThread;
  * sensor, so there are no masks to learn, and lights and power are its own.
  *
  * Car c is track c. Beside the drive-through events the receiver gets a CCarreraCuStatusEvent with
- * the tanks and the start light. The reading thread is shared by all objects of this class.
+ * the tanks and the start light. The reading thread is shared by all objects of this class; it reads
+ * for the one that started it, on the port of that one's settings.
  */
 class CCarreraCuIo : public CRacewayIo
 {
@@ -47,6 +48,7 @@ private:
 
     CCarreraCuThread* m_thread;
     QString m_portName;
+    QString m_portOfBlob; ///< that on which start() reads
 };
 
 #endif

@@ -44,6 +44,8 @@ int CRaceControlIo::capturePortState(int /*portId*/)
 
 void CRaceControlIo::start()
 {
+    if (!isRunning())
+        configureDevice(); // another interface may have had the boxes meanwhile
     if (!m_device->anyBoxOpen())
         m_device->openAllBoxes();
     if (m_device->anyBoxOpen())

@@ -27,7 +27,7 @@ public:
 
     /** @param box 0 to 3; the name is empty where there is no box, and for a box outside. */
     QString portName(int box) const;
-    /** For the settings blob alone: the boxes take their ports from readSettings(). */
+    /** For the settings blob, and for a start() that has boxes to open. */
     void setPortName(int box, const QString& name);
 
     /** @return all bits clear: the boxes tell changes, not levels. */
@@ -36,7 +36,10 @@ public:
     void setOutput(int portId, bool on) override;
     /** @return 0; stores nothing. */
     int capturePortState(int portId) override;
-    /** Opens the boxes, if none is open; does nothing more if none could be opened. */
+    /**
+     * Tells the boxes their parameters, unless they are being read, and opens them, if none is open;
+     * does nothing more if none could be opened.
+     */
     void start() override;
     void stop() override;
     bool isRunning() const override;

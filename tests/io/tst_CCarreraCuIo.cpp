@@ -48,20 +48,25 @@ private Q_SLOTS:
     void aStopRightAfterAStartIsNotLost();
     void anInterfaceThatDiesWhileReadingStopsTheThread();
     void aSecondInterfaceDoesNotDisturbTheOneThatReads();
+    void aStartReadsOnItsOwnPortWhateverAnotherInterfaceHasRead();
+    void aPortNameThatIsNotYetInABlobDoesNotMoveTheStart();
 
 private:
     void deliver(const QByteArray& frame);
     QByteArray blobWithPort(const QString& name) const;
     void useFakeLine();
+    QString portOfTheNextOpening();
 
     std::unique_ptr<EventRecorder> m_receiver;
     std::unique_ptr<CCarreraCuIo> m_io;
     FakeLineScript m_script;
+    QStringList m_openedPorts;
 };
 
 void tst_CCarreraCuIo::init()
 {
     m_script = FakeLineScript();
+    m_openedPorts.clear();
     m_receiver = std::make_unique<EventRecorder>();
     m_io = std::make_unique<CCarreraCuIo>();
     m_io->setReceiver(m_receiver.get());
@@ -89,9 +94,21 @@ QByteArray tst_CCarreraCuIo::blobWithPort(const QString& name) const
 
 void tst_CCarreraCuIo::useFakeLine()
 {
-    CCarreraCu::instance()->setPortMaker(
-        [this](const QString&) { return std::make_unique<FakeLine>(&m_script); });
+    CCarreraCu::instance()->setPortMaker([this](const QString& name) {
+        m_openedPorts.append(name);
+        return std::make_unique<FakeLine>(&m_script);
+    });
     CCarreraCu::release(); // the thread of m_io holds it
+}
+
+/** Starts the interface and stops it. @return the port on which it read */
+QString tst_CCarreraCuIo::portOfTheNextOpening()
+{
+    m_io->start();
+    m_io->stop();
+    while (m_io->isRunning())
+        QThread::yieldCurrentThread();
+    return m_openedPorts.isEmpty() ? QString() : m_openedPorts.takeLast();
 }
 
 void tst_CCarreraCuIo::aNewInterfaceHasNothingAssigned()
@@ -410,6 +427,29 @@ void tst_CCarreraCuIo::aSecondInterfaceDoesNotDisturbTheOneThatReads()
     }
     QVERIFY(m_io->isRunning());
     QTRY_COMPARE(m_receiver->passes().size(), 1);
+}
+
+void tst_CCarreraCuIo::aStartReadsOnItsOwnPortWhateverAnotherInterfaceHasRead()
+{
+    useFakeLine();
+    m_io->readSettings(blobWithPort(QStringLiteral("mine")));
+    {
+        CCarreraCuIo other;
+        other.readSettings(blobWithPort(QStringLiteral("other's")));
+        QCOMPARE(portOfTheNextOpening(), QStringLiteral("mine"));
+        other.readSettings(blobWithPort(QString()));
+    }
+    QCOMPARE(portOfTheNextOpening(), QStringLiteral("mine"));
+}
+
+void tst_CCarreraCuIo::aPortNameThatIsNotYetInABlobDoesNotMoveTheStart()
+{
+    useFakeLine();
+    m_io->readSettings(blobWithPort(QStringLiteral("read")));
+    m_io->setPortName(QStringLiteral("chosen"));
+    QCOMPARE(portOfTheNextOpening(), QStringLiteral("read"));
+    m_io->readSettings(m_io->writeSettings());
+    QCOMPARE(portOfTheNextOpening(), QStringLiteral("chosen"));
 }
 
 QTEST_GUILESS_MAIN(tst_CCarreraCuIo)

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void withNoBoxOpenStartDoesNothing();
     void startingAgainOpensNothingTwice();
     void theNextInterfaceOpensTheLineAnew();
+    void startOpensItsOwnBoxesWhateverAnotherInterfaceHasRead();
+    void parametersAreThoseOfTheInterfaceThatStarts();
     void anEventReachesTheReceiverByItsMask();
     void aDeactivationIsAPortValueLikeAnyOther();
     void theMaskTestSeesWhichBitDiffersFromRest_data();
@@ -269,6 +271,38 @@ void tst_CRaceControlIo::theNextInterfaceOpensTheLineAnew()
     QVERIFY(m_io->isRunning());
     send({0x0201, 5});
     QTRY_COMPARE(m_sink->events.size(), 1);
+}
+
+void tst_CRaceControlIo::startOpensItsOwnBoxesWhateverAnotherInterfaceHasRead()
+{
+    useLine();
+    const BoxLine otherLine;
+    CRaceControlIo other;
+    other.setPortName(0, otherLine.path());
+    other.setPortName(1, "/no/such/port");
+    other.readSettings(other.writeSettings());
+    QCOMPARE(m_device->portName(0), otherLine.path());
+    m_io->start();
+    QCOMPARE(m_device->boxCount(), 1);
+    send({0x0201, 5});
+    QTRY_COMPARE(m_sink->events.size(), 1);
+}
+
+void tst_CRaceControlIo::parametersAreThoseOfTheInterfaceThatStarts()
+{
+    m_io->readSettings(StreamBytes().int32(4).int16(7).int16(8).int16(9).text(m_line->path()).bytes());
+    m_io->start();
+    m_io->stop();
+    QTRY_VERIFY(!m_io->isRunning());
+
+    CRaceControlIo other;
+    other.readSettings(StreamBytes().int32(4).int16(100).int16(40).int16(10).text("other's").bytes());
+    QCOMPARE(m_device->word2(0), 100);
+    m_io->start();
+    QVERIFY(m_io->isRunning());
+    QCOMPARE(m_device->word2(0), 7);
+    QCOMPARE(m_device->word3(0), 8);
+    QCOMPARE(m_device->word4(0), 9);
 }
 
 void tst_CRaceControlIo::anEventReachesTheReceiverByItsMask()
