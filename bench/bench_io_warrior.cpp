@@ -6,9 +6,6 @@
 #include "io/CIoWarriorThread.h"
 #include "support/TestChip.h"
 
-#include <QCoreApplication>
-#include <QLibrary>
-
 #include <benchmark/benchmark.h>
 #include <memory>
 
@@ -69,15 +66,6 @@ BENCHMARK_CAPTURE(ioWarriorStampDelay, ioWarrior56, TestChip::Warrior56, 3000U, 
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
     chip();
-    QLibrary standIn(QStringLiteral(VIRTUAL_IOWKIT)); // once loaded, it is found by its mere name
-    if (!standIn.load()) {
-        qCritical("cannot load %s", VIRTUAL_IOWKIT);
-        return 1;
-    }
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return StampDelay::run(argc, argv, QStringLiteral(VIRTUAL_IOWKIT));
 }

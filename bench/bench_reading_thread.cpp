@@ -11,8 +11,6 @@
 #include "io/CPortThread.h"
 #include "io/TestPort.h"
 
-#include <QCoreApplication>
-#include <QLibrary>
 #include <QThread>
 
 #include <atomic>
@@ -108,15 +106,6 @@ BENCHMARK(stampDelay)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
     port();
-    QLibrary standIn(QStringLiteral(VIRTUAL_INPOUT32)); // once loaded, it is found by its mere name
-    if (!standIn.load()) {
-        qCritical("cannot load %s", VIRTUAL_INPOUT32);
-        return 1;
-    }
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return StampDelay::run(argc, argv, QStringLiteral(VIRTUAL_INPOUT32));
 }
