@@ -35,8 +35,7 @@ TerminalProgram::TerminalProgram(const Files& files)
 
 TerminalProgram::~TerminalProgram()
 {
-    if (!m_files.link.isEmpty())
-        QFile::remove(m_files.link);
+    removeLink();
 }
 
 int TerminalProgram::run()
@@ -75,8 +74,15 @@ bool TerminalProgram::plug()
 
 void TerminalProgram::pull()
 {
+    removeLink(); // before its target can be another program's terminal
     m_terminal.close();
     unplugged();
+}
+
+void TerminalProgram::removeLink()
+{
+    if (!m_files.link.isEmpty())
+        QFile::remove(m_files.link);
 }
 
 void TerminalProgram::workAndWait()

@@ -23,7 +23,7 @@ public:
     struct Files
     {
         QString journal; ///< what the device reported; empty for none
-        QString link;    ///< symbolic link to the terminal; empty for none
+        QString link;    ///< symbolic link to the terminal, while it is plugged in; empty for none
     };
 
     explicit TerminalProgram(const Files& files);
@@ -61,6 +61,7 @@ private:
     bool prepare();
     bool plug();
     void pull();
+    void removeLink();
     void workAndWait();
     bool commonCommand(const QString& word);
     void readInput();
