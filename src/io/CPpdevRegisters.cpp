@@ -32,6 +32,8 @@ CPpdevRegisters::CPpdevRegisters(const QString& devices, const QString& ports)
         if (base <= 0)
             continue;
         auto port = std::make_unique<Port>();
+        for (std::atomic<short>& value : port->lastRead)
+            value = CNoPortRegisters::ReadValue;
         port->base = base;
         port->device = QDir(devices).filePath(name);
         m_ports.push_back(std::move(port));
@@ -52,9 +54,12 @@ short CPpdevRegisters::read(short address)
     if (!port)
         return m_absent.read(address);
     static constexpr unsigned long requests[RegisterCount] = {PPRDATA, PPRSTATUS, PPRCONTROL};
+    const int index = offset(*port, address);
+    std::atomic<short>& lastRead = port->lastRead[std::size_t(index)];
     unsigned char value = 0;
-    if (control(port->descriptor, requests[offset(*port, address)], &value) < 0)
-        return CNoPortRegisters::ReadValue;
+    if (control(port->descriptor, requests[index], &value) < 0)
+        return lastRead; // any other value might be that of a car on a sensor
+    lastRead = value;
     return value;
 }
 

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <array>
+#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -12,7 +14,7 @@
  * Register access by the kernel's parallel port driver: the registers of a base address are those
  * of the `/dev/parportN` that has it. A port is opened and claimed at the first use of one of its
  * registers and kept until the object goes. A register of no port, or of one that can't be opened,
- * reads 255 and swallows writes.
+ * reads 255 and swallows writes; one of a port that goes away in use reads on as it did last.
  *
  * The driver answers the control register from its own copy, so that sensors can only be wired to
  * the data and the status register.
@@ -53,6 +55,7 @@ private:
         QString device;
         int descriptor = -1;
         std::once_flag opened;
+        std::array<std::atomic<short>, RegisterCount> lastRead;
     };
 
     Port* openedPort(short address);

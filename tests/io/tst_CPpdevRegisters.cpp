@@ -80,6 +80,7 @@ private Q_SLOTS:
     void portThatRefusesEveryClaimReads255AndSwallowsWrites();
     void missingDeviceFileReads255();
     void failedReadIs255();
+    void portThatGoesAwayReadsAsItDidLast();
 };
 
 void tst_CPpdevRegisters::machineWithoutPortsHasNone()
@@ -213,6 +214,24 @@ void tst_CPpdevRegisters::failedReadIs255()
     FakeKernel kernel(root.path());
     kernel.refused = {PPRSTATUS};
     QCOMPARE(kernel.read(0x379), short(255));
+}
+
+void tst_CPpdevRegisters::portThatGoesAwayReadsAsItDidLast()
+{
+    const QTemporaryDir root;
+    addPort(root, QStringLiteral("parport0"), "888\t1912\n");
+    FakeKernel kernel(root.path());
+    kernel.status = 0x70;
+    QCOMPARE(kernel.read(0x379), short(0x70));
+    QCOMPARE(kernel.read(0x378), short(1));
+    kernel.refused = {PPRDATA, PPRSTATUS, PPWDATA};
+    kernel.status = 0x7F;
+    QCOMPARE(kernel.read(0x379), short(0x70));
+    QCOMPARE(kernel.read(0x378), short(1));
+    kernel.write(0x378, 5);
+    QCOMPARE(kernel.read(0x379), short(0x70));
+    kernel.refused.clear();
+    QCOMPARE(kernel.read(0x379), short(0x7F));
 }
 
 QTEST_GUILESS_MAIN(tst_CPpdevRegisters)
