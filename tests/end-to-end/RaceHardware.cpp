@@ -2,8 +2,10 @@
 
 #include "io/CCarreraCuIo.h"
 #include "io/CLtAt2560Io.h"
+#include "io/CParallelPortIo.h"
 #include "io/CRaceControlIo.h"
 #include "io/CRacewayIoFactory.h"
+#include "io/TestPort.h"
 #include "support/RaceBox.h"
 #include "support/TestChip.h"
 #include "support/VirtualBox.h"
@@ -39,42 +41,95 @@ void waitFor(const RaceHardware::Condition& condition)
     QVERIFY(QTest::qWaitFor(condition, 20000));
 }
 
-/** Every wire on a pin of its own; the pins are read in the time of the computer. */
-class IoWarriorHardware : public RaceHardware
+/** Sensors that are wired to something which the program reads in the time of the computer. */
+class WiredHardware : public RaceHardware
 {
 public:
-    IoWarriorHardware() { m_clock.start(); }
+    WiredHardware() { m_clock.start(); }
 
-    bool switchOn() override { return m_chip.plug(TestChip::Warrior40); }
-
-    /** Learned as a user does, by pressing each sensor. */
-    CRaceway raceway() override
-    {
-        const auto io = CRacewayIoFactory::createIoWarrior40();
-        io->capturePortState(PortId::Open);
-        learn(*io, PortId::ChaosButton, ChaosButton);
-        for (int track = 0; track < Tracks; ++track) {
-            learn(*io, PortId::lapSensor(track), Lap + track);
-            io->setPortState(PortId::trackPower(track), int(bit(Power + track)), false);
-        }
-        for (int lamp = 0; lamp < PortId::RedLamps; ++lamp)
-            io->setPortState(PortId::redLamp(lamp), int(bit(RedLamp + lamp)), false);
-        io->setPortState(PortId::GreenLamp, int(bit(GreenLamp)), false);
-        io->setPortState(PortId::ChaosSignal, int(bit(ChaosSignal)), true); // wired the other way round
-        return racewayWith(io->writeSettings());
-    }
+    /** The stamps begin at 0, and the first crossing is refused as any other that comes too early. */
+    void begin() override { m_lastPress = m_clock.elapsed(); }
 
     Moment cross(int number, const Condition& isSeen) override
     {
-        const int pin = Lap + number - 1;
         waitFor([this] { return m_clock.elapsed() - m_lastPress > MinimumTime; });
-        return hold(pin, isSeen);
+        return hold(lapSensor(number - 1), isSeen);
     }
 
     void pressChaosButton(const Condition& isSeen) override
     {
         waitFor([this] { return m_clock.elapsed() - m_lastPress > DeadTime; });
-        hold(ChaosButton, isSeen);
+        hold(chaosButton(), isSeen);
+    }
+
+protected:
+    virtual quint32 lapSensor(int track) const = 0;
+    virtual quint32 chaosButton() const = 0;
+    virtual void close(quint32 sensor) = 0;
+    virtual void open(quint32 sensor) = 0;
+    /** @return how often the sensors have been read. */
+    virtual unsigned reads() = 0;
+
+    /** Learns the sensors as a user does, by pressing each. */
+    void learnSensors(CRacewayIo& io)
+    {
+        io.capturePortState(PortId::Open);
+        learn(io, PortId::ChaosButton, chaosButton());
+        for (int track = 0; track < Tracks; ++track)
+            learn(io, PortId::lapSensor(track), lapSensor(track));
+    }
+
+private:
+    void learn(CRacewayIo& io, int portId, quint32 sensor)
+    {
+        close(sensor);
+        io.capturePortState(portId);
+        open(sensor);
+    }
+
+    Moment hold(quint32 sensor, const Condition& isSeen)
+    {
+        Moment moment;
+        moment.earliest = m_clock.elapsed();
+        close(sensor);
+        waitFor(isSeen);
+        moment.latest = m_clock.elapsed();
+        open(sensor);
+        seeItGo();
+        QCoreApplication::processEvents();
+        m_lastPress = m_clock.elapsed();
+        return moment;
+    }
+
+    /** Waits until the thread has seen the sensors as they are now, or reads them no longer. */
+    void seeItGo()
+    {
+        const unsigned before = reads();
+        const bool isSeen = QTest::qWaitFor([&] { return reads() - before >= 3; }, 500);
+        Q_UNUSED(isSeen)
+    }
+
+    QElapsedTimer m_clock;
+    qint64 m_lastPress = 0;
+};
+
+/** Every wire on a pin of its own. */
+class IoWarriorHardware : public WiredHardware
+{
+public:
+    bool switchOn() override { return m_chip.plug(TestChip::Warrior40); }
+
+    CRaceway raceway() override
+    {
+        const auto io = CRacewayIoFactory::createIoWarrior40();
+        learnSensors(*io);
+        for (int track = 0; track < Tracks; ++track)
+            io->setPortState(PortId::trackPower(track), int(bit(Power + track)), false);
+        for (int lamp = 0; lamp < PortId::RedLamps; ++lamp)
+            io->setPortState(PortId::redLamp(lamp), int(bit(RedLamp + lamp)), false);
+        io->setPortState(PortId::GreenLamp, int(bit(GreenLamp)), false);
+        io->setPortState(PortId::ChaosSignal, int(bit(ChaosSignal)), true); // wired the other way round
+        return racewayWith(io->writeSettings());
     }
 
     QString outputs() override
@@ -95,6 +150,13 @@ public:
         return true;
     }
 
+protected:
+    quint32 lapSensor(int track) const override { return bit(Lap + track); }
+    quint32 chaosButton() const override { return bit(ChaosButton); }
+    void close(quint32 sensor) override { m_chip->pullLow(sensor); }
+    void open(quint32 sensor) override { m_chip->letGo(sensor); }
+    unsigned reads() override { return m_chip.count(VirtualIoWarrior::Answered); }
+
 private:
     enum Pin
     {
@@ -108,39 +170,43 @@ private:
 
     static quint32 bit(int pin) { return 1U << pin; }
 
-    void learn(CRacewayIo& io, int portId, int pin)
-    {
-        m_chip->pullLow(bit(pin));
-        io.capturePortState(portId);
-        m_chip->letGo(bit(pin));
-    }
-
-    Moment hold(int pin, const Condition& isSeen)
-    {
-        Moment moment;
-        moment.earliest = m_clock.elapsed();
-        m_chip->pullLow(bit(pin));
-        waitFor(isSeen);
-        moment.latest = m_clock.elapsed();
-        m_chip->letGo(bit(pin));
-        seeItGo();
-        QCoreApplication::processEvents();
-        m_lastPress = m_clock.elapsed();
-        return moment;
-    }
-
-    /** Waits until the thread has seen the pins as they are now, or reads them no longer. */
-    void seeItGo()
-    {
-        const unsigned before = m_chip.count(VirtualIoWarrior::Answered);
-        const bool isSeen =
-            QTest::qWaitFor([&] { return m_chip.count(VirtualIoWarrior::Answered) - before >= 3; }, 500);
-        Q_UNUSED(isSeen)
-    }
-
     TestChip m_chip;
-    QElapsedTimer m_clock;
-    qint64 m_lastPress = 0;
+};
+
+/** Sensors on the status register. */
+class ParallelPortHardware : public WiredHardware
+{
+public:
+    bool switchOn() override
+    {
+        m_port.reset();
+        return m_port->isOpen();
+    }
+
+    CRaceway raceway() override
+    {
+        CParallelPortIo io;
+        for (int id = 0; id < PortId::Count; ++id)
+            io.setPortState(id, PortId::isOutput(id) ? -1 : AtRest, false);
+        learnSensors(io);
+        return racewayWith(io.writeSettings());
+    }
+
+    /** Nothing answers there any more. */
+    void pull() override { m_port->write(TestPort::Status, 255); }
+    bool plug() override { return switchOn(); }
+
+protected:
+    quint32 lapSensor(int track) const override { return track == 0 ? 0x08 : 0x10; }
+    quint32 chaosButton() const override { return 0x20; }
+    void close(quint32 sensor) override { m_port->clearBits(TestPort::Status, short(sensor)); }
+    void open(quint32 sensor) override { m_port->setBits(TestPort::Status, short(sensor)); }
+    unsigned reads() override { return m_port->reads(); }
+
+private:
+    static constexpr int AtRest = 127;
+
+    TestPort m_port;
 };
 
 /** Hardware that is a program, with a clock of its own whose stamps the test chooses. */
@@ -208,8 +274,7 @@ private:
     Moment press(int input, int time, const Condition& isSeen)
     {
         const Moment moment = stampAfter(time);
-        m_program->command("press " + QByteArray::number(input) + ' ' +
-                           QByteArray::number(moment.earliest));
+        m_program->command("press " + QByteArray::number(input) + ' ' + QByteArray::number(moment.earliest));
         waitFor(isSeen);
         return moment;
     }
@@ -266,8 +331,8 @@ class ControlUnitHardware : public StampedHardware<VirtualUnit>
 public:
     bool switchOn() override
     {
-        return m_program->start({"--cars", "2", "--speed-up", "20", "--light-step", "0", "--link",
-                                 linkPath("control-unit")});
+        return m_program->start(
+            {"--cars", "2", "--speed-up", "20", "--light-step", "0", "--link", linkPath("control-unit")});
     }
 
     CRaceway raceway() override
@@ -288,6 +353,11 @@ public:
 };
 
 } // namespace
+
+std::unique_ptr<RaceHardware> RaceHardware::parallelPort()
+{
+    return std::make_unique<ParallelPortHardware>();
+}
 
 std::unique_ptr<RaceHardware> RaceHardware::ioWarrior()
 {

@@ -28,6 +28,8 @@ public:
     static constexpr int MinimumTime = 30; ///< of a lap, on raceway()
     static constexpr int DeadTime = 220;   ///< of the chaos button, and some
 
+    /** Its one register has too few outputs for all; none is used. */
+    static std::unique_ptr<RaceHardware> parallelPort();
     static std::unique_ptr<RaceHardware> ioWarrior();
     static std::unique_ptr<RaceHardware> at2560();
     static std::unique_ptr<RaceHardware> raceControl();
@@ -43,7 +45,8 @@ public:
     /** Called when a race has begun. */
     virtual void begin() {}
 
-    /** Lets a car pass its sensor, longer after its last time than the shortest lap, and waits for @p isSeen. */
+    /** Lets a car pass its sensor, longer after its last time than the shortest lap, and waits for @p isSeen.
+     */
     virtual Moment cross(int number, const Condition& isSeen) = 0;
     virtual void pressChaosButton(const Condition& isSeen) = 0;
     /** @return for example "power 1- red 12--- green - chaos -"; empty where nothing can be switched. */

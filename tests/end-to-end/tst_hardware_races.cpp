@@ -2,6 +2,7 @@
 #include "io/CCarreraCuIo.h"
 #include "race/CRace.h"
 #include "shell/CKelmoMainDialog.h"
+#include "support/DebugLines.h"
 #include "support/InputWatch.h"
 #include "support/RunningProgram.h"
 #include "support/StoredSetup.h"
@@ -9,6 +10,7 @@
 
 #include <QAction>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -16,11 +18,19 @@ namespace {
 
 using Maker = std::unique_ptr<RaceHardware> (*)();
 
+/** Share of one core. The port is read at the same pace, there or not, and sanitizers double what that takes.
+ */
+#ifdef __SANITIZE_ADDRESS__
+constexpr double MostProcessor = 0.4;
+#else
+constexpr double MostProcessor = 0.2;
+#endif
+
 } // namespace
 
 Q_DECLARE_METATYPE(Maker)
 
-/** Races in the running program, on virtual hardware of each kind but the parallel port. */
+/** Races in the running program, on virtual hardware of each kind. */
 class tst_hardware_races : public QObject
 {
     Q_OBJECT
@@ -34,6 +44,7 @@ private Q_SLOTS:
     void aDevicePulledInARaceLeavesTheWindowAlive_data();
     void aDevicePulledInARaceLeavesTheWindowAlive();
     void aSilentIoWarriorLeavesTheWindowAlive();
+    void anAt2560StaysConnectedForFiveRaces();
 
 private:
     void switchOn(Maker maker);
@@ -134,7 +145,8 @@ void tst_hardware_races::compareLap(int number)
     QVERIFY(time >= end.earliest - begin.latest - (isExact ? 0 : 1));
     QVERIFY(time <= end.latest - begin.earliest + (isExact ? 0 : 1));
     QCOMPARE(m_program->trackText(number, "lastLap"), RunningProgram::timeText(time));
-    QCOMPARE(m_program->laps(number), QStringLiteral("%1").arg(member.numberOfLaps(), 3, 10, QLatin1Char('0')));
+    QCOMPARE(m_program->laps(number),
+             QStringLiteral("%1").arg(member.numberOfLaps(), 3, 10, QLatin1Char('0')));
 }
 
 void tst_hardware_races::aWholeRaceFromTheLampsToTheWinner_data()
@@ -279,9 +291,9 @@ void tst_hardware_races::verifyWindowIsAlive()
     QVERIFY(watch.delays.size() > 20);
     qDebug("input handled in %d ms (median), %d ms (longest); %.1f %% of a core", int(watch.median()),
            int(watch.longest()), 100 * watch.processorShare);
-    QVERIFY2(watch.median() < 50, qPrintable(QString::number(watch.median())));
+    QVERIFY2(watch.shareWithin(50) > 0.9, qPrintable(QString::number(watch.shareWithin(50))));
     QVERIFY2(watch.longest() < 500, qPrintable(QString::number(watch.longest())));
-    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
+    QVERIFY2(watch.processorShare < MostProcessor, qPrintable(QString::number(watch.processorShare)));
     QVERIFY(m_program->race().isRaceActive());
 }
 
@@ -312,6 +324,7 @@ void tst_hardware_races::aDevicePulledInARaceLeavesTheWindowAlive_data()
     QTest::newRow("AT2560") << &RaceHardware::at2560;
     QTest::newRow("RaceControl box") << &RaceHardware::raceControl;
     QTest::newRow("Control Unit") << &RaceHardware::controlUnit;
+    QTest::newRow("parallel port") << &RaceHardware::parallelPort;
 }
 
 void tst_hardware_races::aDevicePulledInARaceLeavesTheWindowAlive()
@@ -348,6 +361,24 @@ void tst_hardware_races::aSilentIoWarriorLeavesTheWindowAlive()
     QVERIFY(m_hardware->plug());
     startRace();
     driveLap();
+}
+
+void tst_hardware_races::anAt2560StaysConnectedForFiveRaces()
+{
+    const DebugLines log("tornik.io");
+    switchOn(&RaceHardware::at2560);
+    const RunningProgram& program = start(setupOfHardware());
+    const QPointer<CRacewayIo> io(program.race().io());
+    for (int round = 1; round <= 5; ++round) {
+        startRace();
+        driveLap();
+        compareLap(1);
+        verifyRaceCanBeStopped();
+    }
+    QVERIFY(io);
+    QCOMPARE(program.race().io(), io.data());
+    QCOMPARE(log.count("serial->open() in connect() was successful"), 1);
+    QCOMPARE(log.count("reconnect() was called"), 1); // as the first port name came
 }
 
 QTEST_APPLESS_MAIN(tst_hardware_races)

@@ -254,7 +254,7 @@ void tst_racecontrol_race::aPulledCableDisturbsNothingAndTheNextRaceOpensTheLine
 
     const MainThreadWatch watch = MainThreadWatch::during(2000);
     QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
-    QVERIFY2(watch.medianGap < 100, qPrintable(QString::number(watch.medianGap)));
+    QVERIFY2(watch.medianGap < 50, qPrintable(QString::number(watch.medianGap)));
     QVERIFY(race.isRaceActive());
     QVERIFY(race.io()->isRunning());
     QCOMPARE(laps(0), 1);

@@ -26,6 +26,12 @@ public:
 
     qint64 median() const { return delays.at(delays.size() / 2); }
     qint64 longest() const { return delays.last(); }
+    /** @return the share of the inputs that were handled in that time. */
+    double shareWithin(qint64 milliseconds) const
+    {
+        const auto end = std::upper_bound(delays.begin(), delays.end(), milliseconds);
+        return double(end - delays.begin()) / double(delays.size());
+    }
 
     /** @param window the event passes its event loop, and then this filter */
     InputWatch(QObject* window, int milliseconds)
@@ -44,7 +50,8 @@ public:
         QEventLoop loop;
         while (m_clock.elapsed() < milliseconds)
             loop.processEvents(QEventLoop::WaitForMoreEvents);
-        processorShare = double(MainThreadWatch::processorTime() - before) / 1000.0 / double(m_clock.elapsed());
+        processorShare =
+            double(MainThreadWatch::processorTime() - before) / 1000.0 / double(m_clock.elapsed());
         isOver = true;
         desktop->wait();
         QCoreApplication::sendPostedEvents(window);
