@@ -1,6 +1,7 @@
 #include "wizard/CRwWizardDebounceTimePage.h"
 
 #include "wizard/CStrictIntValidator.h"
+#include "wizard/FittingFont.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -27,6 +28,7 @@ CRwWizardDebounceTimePage::CRwWizardDebounceTimePage(CRacewayWizard* wizard)
     m_timeEdit->setObjectName("timeEdit");
     m_timeEdit->setMaxLength(TimeDigits);
     m_timeEdit->setMaximumWidth(TimeWidth);
+    fitFont(m_timeEdit, QString::number(LongestTime));
     m_timeEdit->setValidator(new CStrictIntValidator(ShortestTime, LongestTime, this));
     m_timeEdit->setToolTip(tr("%1 bis %2 ms").arg(ShortestTime).arg(LongestTime));
     setFocusProxy(m_timeEdit);

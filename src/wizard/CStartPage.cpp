@@ -2,6 +2,7 @@
 
 #include "io/PortIds.h"
 #include "wizard/CStrictIntValidator.h"
+#include "wizard/FittingFont.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -56,6 +57,7 @@ void CStartPage::createFields()
     m_scaleEdit->setObjectName("scaleEdit");
     m_scaleEdit->setMaxLength(ScaleDigits);
     m_scaleEdit->setMaximumWidth(ScaleWidth);
+    fitFont(m_scaleEdit, QString::number(LargestScale));
     m_scaleEdit->setValidator(new CStrictIntValidator(0, LargestScale, this));
     setFocusProxy(m_nameEdit);
 }

@@ -3,14 +3,26 @@
 #include "wizard/WizardDriver.h"
 
 #include <QDir>
+#include <QSet>
 #include <QTest>
 #include <QTranslator>
 
 namespace {
 
+/** A text that fits into the field is shown whole; a name may be longer than its field. */
+bool hasRoomForText(const QLineEdit& edit)
+{
+    constexpr int MarginsAndFrame = 6;
+    return edit.objectName() == "nameEdit" ||
+           edit.fontMetrics().horizontalAdvance(edit.text()) + MarginsAndFrame <= edit.width();
+}
+
 /** What a widget shows doesn't fit: its height, at its width, is less than its text takes. */
 bool isClipped(const QWidget& widget)
 {
+    const auto* edit = qobject_cast<const QLineEdit*>(&widget);
+    if (edit && !hasRoomForText(*edit))
+        return true;
     const int needed = widget.hasHeightForWidth() ? widget.heightForWidth(widget.width())
                                                   : widget.minimumSizeHint().height();
     const auto* label = qobject_cast<const QLabel*>(&widget);
@@ -50,6 +62,45 @@ QStringList tabOrder()
     return names;
 }
 
+/** @return the controls that can be used now, in no order. */
+QSet<const QWidget*> usableControls(const QDialog& dialog)
+{
+    QSet<const QWidget*> controls;
+    for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+        const bool isReached = widget->isVisible() && widget->isEnabled() && !widget->focusProxy();
+        if (isReached && (widget->focusPolicy() & Qt::TabFocus))
+            controls.insert(widget);
+    }
+    return controls;
+}
+
+/** Each control is reached by the tab key, from the focus on, and none lies above the one before. */
+void verifyTabOrder(QDialog& dialog)
+{
+    constexpr int SameRow = 12;
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    const auto height = [&dialog](const QWidget* widget) {
+        return widget->mapTo(&dialog, widget->rect().center()).y();
+    };
+    if (QApplication::focusWidget()->focusPolicy() == Qt::NoFocus) // a page without controls
+        QTest::keyClick(&dialog, Qt::Key_Tab);
+    QSet<const QWidget*> reached;
+    int lowest = 0;
+    while (reached.size() < 100 && !reached.contains(QApplication::focusWidget())) {
+        const QWidget* control = QApplication::focusWidget();
+        QVERIFY(control && dialog.isAncestorOf(control));
+        QVERIFY2(height(control) + SameRow > lowest, qPrintable(control->objectName()));
+        lowest = height(control);
+        reached.insert(control);
+        QTest::keyClick(&dialog, Qt::Key_Tab);
+    }
+    const QSet<const QWidget*> usable = usableControls(dialog);
+    for (const QWidget* control : usable)
+        QVERIFY2(reached.contains(control),
+                 qPrintable(control->metaObject()->className() + (' ' + control->objectName())));
+    QCOMPARE(reached.size(), usable.size());
+}
+
 void savePicture(QDialog& dialog, const QString& name)
 {
     const QString directory = qEnvironmentVariable("TORNIK_PICTURES");
@@ -74,7 +125,7 @@ void tst_WizardPictures::everyPageIsShownWhole_data()
 {
     QTest::addColumn<QString>("hardware");
     QTest::addColumn<bool>("isEnglish");
-    for (const char* hardware : {"Parallel Port", "Carrera CU", "L&T AT2560"}) {
+    for (const char* hardware : {"Parallel Port", "Carrera CU", "IO-Warrior40", "L&T AT2560"}) {
         QTest::newRow(qPrintable(QString("german %1").arg(hardware))) << QString(hardware) << false;
         QTest::newRow(qPrintable(QString("english %1").arg(hardware))) << QString(hardware) << true;
     }
@@ -96,13 +147,15 @@ void tst_WizardPictures::everyPageIsShownWhole()
     int pages = 0;
     WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
         user.describe("Mmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmm", 8);
+        user.type("scaleEdit", "100");
         while (pages < 100) {
             ++pages;
             if (user.pageName() == "CIoInterfacePage")
                 user.choose("hardwareBox", user.field<QComboBox>("hardwareBox")
-                                               ->findData(hardware == "L&T AT2560"   ? 9
-                                                          : hardware == "Carrera CU" ? 5
-                                                                                     : 1));
+                                               ->findData(hardware == "L&T AT2560"     ? 9
+                                                          : hardware == "Carrera CU"   ? 5
+                                                          : hardware == "IO-Warrior40" ? 3
+                                                                                       : 1));
             if (user.pageName() == "CAvailableFeaturesPage") {
                 for (const char* box :
                      {"chaosBox", "chaosOutputBox", "powerOffBox", "lightsBox", "separateEndBox"})
@@ -110,12 +163,15 @@ void tst_WizardPictures::everyPageIsShownWhole()
                 user.choose("sectorBox", 2);
                 user.choose("fuelBox", 4);
             }
+            if (user.pageName() == "CRwWizardDebounceTimePage")
+                user.type("timeEdit", "60000");
             QCoreApplication::processEvents();
             savePicture(*user.dialog(), QString(QTest::currentDataTag()) + ' ' + user.pageName());
             QVERIFY2(clippedWidgets(*user.dialog()).isEmpty(),
                      qPrintable(user.pageName() + ": " + clippedWidgets(*user.dialog()).join(", ")));
             const bool isLast = user.page()->isLastPage();
             QVERIFY(user.button(isLast ? "finishButton" : "nextButton")->isDefault());
+            verifyTabOrder(*user.dialog());
             if (isLast)
                 break;
             user.next();
