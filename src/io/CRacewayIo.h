@@ -72,6 +72,8 @@ public:
     int setPortState(int portId, int value, bool inverted);
     /** @return the invert flag of an output; false for every other id. */
     bool isInverted(int portId) const;
+    /** @return the bits of an output; none if it isn't assigned. */
+    int outputMask(int portId) const;
 
     /**
      * @return whether, among the bits in which @p value differs from the open state, there is one
@@ -96,8 +98,6 @@ protected:
     /** What processIoEvent() is for the interfaces whose sensors are masks of a port value. */
     void processPortEvent(QEvent* event);
 
-    /** @return the bits of an output; none if it isn't assigned. */
-    int outputMask(int portId) const;
     /**
      * Sets or clears the bits of an output in the value last written, by its level after inversion.
      * @return the value to write

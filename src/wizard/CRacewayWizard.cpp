@@ -1,7 +1,10 @@
 #include "wizard/CRacewayWizard.h"
 
 #include "data/CRaceway.h"
+#include "io/CIoWarriorIo.h"
+#include "io/CParallelPortIo.h"
 #include "io/CRacewayIo.h"
+#include "shell/DialogStyle.h"
 #include "wizard/CAvailableFeaturesPage.h"
 #include "wizard/CChaosButtonPage.h"
 #include "wizard/CChaosPhaseOutputPage.h"
@@ -19,19 +22,15 @@
 #include "wizard/CRwWizardSlotPage.h"
 #include "wizard/CStartPage.h"
 
+#include <QVector>
+
 namespace {
 
 const QSize InitialSize(640, 420);
 
-/** The style of the main window leaves fields, marks and the focus black on black. */
-const char StyleSheet[] =
-    "QLineEdit { border: 1px solid darkgray; selection-background-color: #2a5a8a; selection-color: white; } "
-    "QLineEdit:focus { border-color: #4a90d9; } QComboBox:focus, QCheckBox:focus { color: #4a90d9; } "
-    "QCheckBox::indicator { width: 11px; height: 11px; border: 1px solid darkgray; } "
-    "QCheckBox::indicator:checked { background-color: darkgray; } "
-    "QCheckBox::indicator:disabled { border-color: #464646; } "
-    "QCheckBox:disabled, QComboBox:disabled, QPushButton:disabled { color: #464646; border-color: #464646; } "
-    "QPushButton:default { border-width: 2px; } QPushButton:focus { border-color: #4a90d9; }";
+/** Narrow fields need their room for the text; Return is for the button with the thick edge. */
+const QString OwnStyle =
+    QStringLiteral("QLineEdit { padding: 0px; } QPushButton:default { border-width: 2px; }");
 
 template <typename Page>
 std::array<Page*, PortId::Tracks> makePages(CRacewayWizard* wizard)
@@ -43,6 +42,27 @@ std::array<Page*, PortId::Tracks> makePages(CRacewayWizard* wizard)
         pages[std::size_t(track)] = page;
     }
     return pages;
+}
+
+/** @return whether outputs are written to what the sensors are read from. */
+bool sharesPins(const CRacewayIo& io)
+{
+    const auto* parallelPort = qobject_cast<const CParallelPortIo*>(&io);
+    return CIoWarriorIo::isIoWarrior(io.interfaceType()) ||
+           (parallelPort && parallelPort->inputOffset() == parallelPort->outputOffset());
+}
+
+/** @return the port ids of the outputs that the answers speak of. */
+QVector<int> outputIds(const RacewayWizardPath::Answers& answers)
+{
+    QVector<int> ids;
+    for (int track = 0; answers.powerOff && track < answers.tracks; ++track)
+        ids.append(PortId::trackPower(track));
+    for (int lamp = PortId::FirstRedLamp; answers.lights && lamp <= PortId::GreenLamp; ++lamp)
+        ids.append(lamp);
+    if (answers.chaosButton && answers.chaosPhaseOutput)
+        ids.append(PortId::ChaosSignal);
+    return ids;
 }
 
 } // namespace
@@ -70,7 +90,7 @@ CRacewayWizard::CRacewayWizard(QWidget* parent)
     for (auto* page : findChildren<WizardPage*>(QString()))
         if (page->objectName().isEmpty())
             page->setObjectName(page->metaObject()->className());
-    setStyleSheet(StyleSheet);
+    setStyleSheet(dialogStyleSheet() + OwnStyle);
     setWindowTitle(tr("Rennstrecken Wizard"));
     resize(InitialSize);
     setFirstPage(m_startPage);
@@ -146,6 +166,17 @@ void CRacewayWizard::fillRaceway(CRaceway* raceway) const
 int CRacewayWizard::numberOfTracks() const
 {
     return m_startPage->numberOfTracks();
+}
+
+int CRacewayWizard::outputPins() const
+{
+    const CRacewayIo* io = *m_ioInterfacePage->ioInterface();
+    if (!io || !sharesPins(*io))
+        return 0;
+    int pins = 0;
+    for (const int id : outputIds(answers()))
+        pins |= io->outputMask(id);
+    return pins;
 }
 
 RacewayWizardPath::Answers CRacewayWizard::answers() const

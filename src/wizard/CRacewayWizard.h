@@ -52,6 +52,11 @@ public:
     /** @return whether a stored raceway is edited, whose values no page resets. */
     bool isEditing() const { return m_editing; }
     int numberOfTracks() const;
+    /**
+     * @return the pins that the chosen features switch, as bits of a sensor's state; 0 on hardware whose
+     * outputs don't show in the states of its sensors
+     */
+    int outputPins() const;
     /** @return the page behind a step of the way; it has got the interface. */
     CRacewayWizardPage* pageAfter(const RacewayWizardPath::Step& step);
 

@@ -3,6 +3,7 @@
 #include "io/CRacewayIo.h"
 #include "wizard/CInputPinWidget.h"
 #include "wizard/CPortStatusWidget.h"
+#include "wizard/CRacewayWizard.h"
 
 #include <QBoxLayout>
 #include <QShowEvent>
@@ -69,8 +70,24 @@ void CSensorPage::vScanPort()
 {
     if (!io())
         return;
+    const int open = io()->portState(PortId::Open);
     prepareScan();
-    m_stateWidget->setValue(quint32(io()->capturePortState(m_portId)));
+    const int captured = io()->capturePortState(m_portId);
+    const int state = withOutputsAtRest(captured, open);
+    if (state != captured)
+        io()->setPortState(m_portId, state, false);
+    m_stateWidget->setValue(quint32(state));
+}
+
+/**
+ * A lamp that happens to be lit is no part of a sensor's state: the sensor would be taken for
+ * closed whenever another one of the same port is switched.
+ * @param open the open state so far, where the outputs are as in the other states
+ */
+int CSensorPage::withOutputsAtRest(int state, int open) const
+{
+    const int outputs = wizard()->outputPins();
+    return (state & ~outputs) | (open & outputs);
 }
 
 WizardPage* CSensorPage::nextPage()

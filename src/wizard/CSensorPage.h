@@ -55,6 +55,7 @@ private:
     void showTexts();
     void showState();
     void storeState();
+    int withOutputsAtRest(int state, int open) const;
 
     int m_portId;
     SensorTexts m_texts;
