@@ -100,6 +100,8 @@ private Q_SLOTS:
     void theControlUnitLearnsNothing();
 
     void theKeyboardAloneIsEnough();
+    void theKeyboardAloneChoosesInputsAndAPort();
+    void theKeyboardAloneChoosesOutputs();
 
 private:
     void press(short bits) { (*m_port)->clearBits(TestPort::Status, bits); }
@@ -860,6 +862,101 @@ void tst_CRacewayWizard::theKeyboardAloneIsEnough()
     QVERIFY(raceway.chaosButtonAvailable);
     QCOMPARE(ioOf(raceway)->portState(9), AtRest & ~1);
     QCOMPARE(ioOf(raceway)->portState(1), AtRest & ~8);
+}
+
+void tst_CRacewayWizard::theKeyboardAloneChoosesInputsAndAPort()
+{
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    const int result = WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+        QVERIFY(QTest::qWaitForWindowActive(user.dialog()));
+        const auto key = [](Qt::Key key_) { QTest::keyClick(QApplication::focusWidget(), key_); };
+        const auto type = [](const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); };
+        type("Tastenbahn");
+        key(Qt::Key_Tab);
+        key(Qt::Key_Up); // one slot
+        key(Qt::Key_Return);
+        key(Qt::Key_End); // the last kind of hardware
+        key(Qt::Key_Tab);
+        type("/dev/keyboard");
+        key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CAvailableFeaturesPage"));
+        for (int box = 0; box < 5; ++box) {
+            key(Qt::Key_Space);
+            key(Qt::Key_Tab);
+        }
+        key(Qt::Key_Down); // one sector sensor
+        key(Qt::Key_Tab);
+        key(Qt::Key_Down); // one fuel sensor
+        key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CChaosButtonPage"));
+        type("D7");
+        key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CChaosPhaseOutputPage"));
+        key(Qt::Key_Space); // not inverted: all that can be changed
+        key(Qt::Key_Return);
+        key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CRwWizardLightsPage"));
+        key(Qt::Key_Tab);
+        key(Qt::Key_Space); // the second lamp
+        key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CRwWizardSlotPage 1"));
+        key(Qt::Key_End);
+        key(Qt::Key_Tab);
+        type("950");
+        key(Qt::Key_Return);
+        for (const char* input : {"D3", "D4", "D5"}) {
+            type(input);
+            key(Qt::Key_Return);
+        }
+        QCOMPARE(user.pageName(), QString("CRwWizardDebounceTimePage"));
+        key(Qt::Key_Return);
+        key(Qt::Key_Return);
+    });
+    QCOMPARE(result, 1);
+    CLtAt2560Io expected;
+    expected.setPortName("/dev/keyboard");
+    expected.setPortState(9, 7, false);
+    expected.setPortState(24, 6, false);
+    expected.setPortState(19, 4, false);
+    expected.setPortState(1, 53, false);
+    expected.setPortState(25, 3, false);
+    expected.setPortState(41, 4, false);
+    expected.setPortState(57, 5, false);
+    QCOMPARE(raceway.ioSettings, expected.writeSettings());
+    QCOMPARE(raceway.tracks.at(0).length, 950);
+}
+
+void tst_CRacewayWizard::theKeyboardAloneChoosesOutputs()
+{
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    const int result = WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+        QVERIFY(QTest::qWaitForWindowActive(user.dialog()));
+        const auto key = [](Qt::Key key_) { QTest::keyClick(QApplication::focusWidget(), key_); };
+        QTest::keyClicks(QApplication::focusWidget(), "Tastenbahn");
+        key(Qt::Key_Return);
+        key(Qt::Key_Return);
+        key(Qt::Key_Tab); // past the chaos button; its signal can't be chosen
+        key(Qt::Key_Space);
+        key(Qt::Key_Return);
+        key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CPowerOffFeaturePage"));
+        key(Qt::Key_Down); // the first pin
+        key(Qt::Key_Tab);
+        key(Qt::Key_Space); // inverted
+        key(Qt::Key_Tab);
+        key(Qt::Key_End); // the last pin
+        for (int page = 0; page < 4; ++page)
+            key(Qt::Key_Return);
+        QCOMPARE(user.pageName(), QString("CFinishPage"));
+        key(Qt::Key_Return);
+    });
+    QCOMPARE(result, 1);
+    CParallelPortIo expected;
+    expected.setPortState(10, 1, true);
+    expected.setPortState(11, 128, false);
+    QCOMPARE(raceway.ioSettings, expected.writeSettings());
 }
 
 QTEST_MAIN(tst_CRacewayWizard)

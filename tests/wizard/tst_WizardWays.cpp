@@ -129,6 +129,8 @@ private Q_SLOTS:
     void withEverythingEachOfTwoTracksHasSixPages();
     void anAt2560NeverShowsTheOpenPage();
     void fuelIndex2ShowsTheEndOfTheZoneButNoFuelSensor();
+    void withoutHardwareEverySensorPageGoesOn_data();
+    void withoutHardwareEverySensorPageGoesOn();
 };
 
 void tst_WizardWays::eachHardwareLeadsThroughTheFeaturesThatAreThere_data()
@@ -241,6 +243,48 @@ void tst_WizardWays::fuelIndex2ShowsTheEndOfTheZoneButNoFuelSensor()
         const QStringList pages = user.goToTheEnd();
         QVERIFY(pages.contains("CRwWizardFuelFinishedSensorPage 1"));
         QVERIFY(!pages.contains("CRwWizardFuelSensorPage 1"));
+    });
+}
+
+void tst_WizardWays::withoutHardwareEverySensorPageGoesOn_data()
+{
+    eachHardwareLeadsThroughTheFeaturesThatAreThere_data();
+}
+
+/** Neither a library nor a device is there; every sensor is learned all the same. */
+void tst_WizardWays::withoutHardwareEverySensorPageGoesOn()
+{
+    QFETCH(QString, hardware);
+    Answers answers;
+    answers.hardware = hardware;
+    answers.chaosButton = answers.chaosSignal = answers.powerOff = answers.lights = true;
+    answers.separateEnd = true;
+    answers.fuelIndex = 4;
+    answers.sectorIndex = 2;
+    answers.tracks = 2;
+    CRacewayWizard wizard;
+    CRaceway raceway;
+    int scans = 0;
+    const int result = WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+        answer(user, answers);
+        QStringList pages{user.pageName()};
+        while (!user.page()->isLastPage()) {
+            if (user.field<QPushButton>("learnButton")) {
+                user.learn();
+                ++scans;
+            }
+            user.next();
+            pages.append(user.pageName());
+        }
+        QCOMPARE(pages, expectedPages(answers));
+        user.finish();
+    });
+    QCOMPARE(result, 1);
+    QCOMPARE(scans, hardware == At2560 ? 0 : 2 + 2 * 6);
+    QVERIFY(raceway.ioSettings.size() >= 279);
+    WizardDriver::edit(wizard, &raceway, [&](WizardDriver& user) {
+        user.next();
+        QCOMPARE(user.field<QComboBox>("hardwareBox")->currentText(), hardware);
     });
 }
 
