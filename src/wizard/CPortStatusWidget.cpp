@@ -27,7 +27,7 @@ CPortStatusWidget::CPortStatusWidget(QWidget* parent)
     m_button->setObjectName("learnButton");
     m_edit->setMaxLength(MaximumLength);
     m_edit->setMaximumWidth(MaximumWidth);
-    fitFont(m_edit, QStringLiteral("0xdddddddd"));
+    keepTextFitting(m_edit);
     // Required: the range from "0" to "f" lets capital letters and some punctuation through, too.
     m_edit->setValidator(new QRegExpValidator(QRegExp("0x[0-f]{2,8}"), this));
     m_button->setAutoDefault(false); // the return key goes on to the next page

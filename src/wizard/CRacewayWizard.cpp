@@ -68,7 +68,7 @@ QVector<int> outputIds(const RacewayWizardPath::Answers& answers)
 } // namespace
 
 CRacewayWizard::CRacewayWizard(QWidget* parent)
-    : ComplexWizard(parent),
+    : ComplexWizard(parent, dialogStyleSheet() + OwnStyle),
       m_startPage(new CStartPage(this)),
       m_openPage(new COpenPage(this)),
       m_chaosButtonPage(new CChaosButtonPage(this)),
@@ -90,7 +90,6 @@ CRacewayWizard::CRacewayWizard(QWidget* parent)
     for (auto* page : findChildren<WizardPage*>(QString()))
         if (page->objectName().isEmpty())
             page->setObjectName(page->metaObject()->className());
-    setStyleSheet(dialogStyleSheet() + OwnStyle);
     setWindowTitle(tr("Rennstrecken Wizard"));
     resize(InitialSize);
     setFirstPage(m_startPage);

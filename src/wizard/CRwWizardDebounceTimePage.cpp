@@ -28,7 +28,7 @@ CRwWizardDebounceTimePage::CRwWizardDebounceTimePage(CRacewayWizard* wizard)
     m_timeEdit->setObjectName("timeEdit");
     m_timeEdit->setMaxLength(TimeDigits);
     m_timeEdit->setMaximumWidth(TimeWidth);
-    fitFont(m_timeEdit, QString::number(LongestTime));
+    keepTextFitting(m_timeEdit);
     m_timeEdit->setValidator(new CStrictIntValidator(ShortestTime, LongestTime, this));
     m_timeEdit->setToolTip(tr("%1 bis %2 ms").arg(ShortestTime).arg(LongestTime));
     setFocusProxy(m_timeEdit);

@@ -57,7 +57,7 @@ void CStartPage::createFields()
     m_scaleEdit->setObjectName("scaleEdit");
     m_scaleEdit->setMaxLength(ScaleDigits);
     m_scaleEdit->setMaximumWidth(ScaleWidth);
-    fitFont(m_scaleEdit, QString::number(LargestScale));
+    keepTextFitting(m_scaleEdit);
     m_scaleEdit->setValidator(new CStrictIntValidator(0, LargestScale, this));
     setFocusProxy(m_nameEdit);
 }

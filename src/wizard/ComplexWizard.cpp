@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-ComplexWizard::ComplexWizard(QWidget* parent)
+ComplexWizard::ComplexWizard(QWidget* parent, const QString& styleSheet)
     : QDialog(parent),
       m_cancelButton(new QPushButton(tr("Abbrechen"), this)),
       m_backButton(new QPushButton(tr("< &Zurück"), this)),
@@ -15,6 +15,7 @@ ComplexWizard::ComplexWizard(QWidget* parent)
       m_buttonLayout(new QHBoxLayout),
       m_layout(new QVBoxLayout(this))
 {
+    setStyleSheet(styleSheet);
     createButtons();
     m_layout->addStretch();
     m_layout->addLayout(m_buttonLayout);

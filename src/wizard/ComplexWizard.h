@@ -18,7 +18,8 @@ class ComplexWizard : public QDialog
     Q_OBJECT
 
 public:
-    explicit ComplexWizard(QWidget* parent = nullptr);
+    /** @param styleSheet set before there is a page: what is shown earlier can keep its parent's style */
+    explicit ComplexWizard(QWidget* parent = nullptr, const QString& styleSheet = QString());
 
     /** Begins anew on this page, whatever was visited before. */
     void setFirstPage(WizardPage* page);

@@ -2,12 +2,11 @@
 #define TORNIK_WIZARD_FITTINGFONT_H
 
 class QLineEdit;
-class QString;
 
 /**
- * Makes the letters of a narrow field so small that its longest text shows whole.
- * @param edit with its maximum width set
+ * Lets a narrow field show its text whole, from now on: in smaller letters if it must be.
+ * @param edit with its maximum width and its usual font set
  */
-void fitFont(QLineEdit* edit, const QString& longest);
+void keepTextFitting(QLineEdit* edit);
 
 #endif

@@ -50,6 +50,17 @@ QStringList clippedWidgets(const QDialog& dialog)
     return names;
 }
 
+/** @return whether all texts of a page have one colour. */
+bool isOfOneStyle(const QWidget& page)
+{
+    QSet<QRgb> colors;
+    for (const QLabel* label : page.findChildren<QLabel*>()) {
+        if (label->isVisible())
+            colors.insert(label->palette().color(QPalette::WindowText).rgb());
+    }
+    return colors.size() == 1;
+}
+
 /** @return the controls that the tab key leads to, from the focus on until it is back there. */
 QStringList tabOrder()
 {
@@ -169,6 +180,7 @@ void tst_WizardPictures::everyPageIsShownWhole()
             savePicture(*user.dialog(), QString(QTest::currentDataTag()) + ' ' + user.pageName());
             QVERIFY2(clippedWidgets(*user.dialog()).isEmpty(),
                      qPrintable(user.pageName() + ": " + clippedWidgets(*user.dialog()).join(", ")));
+            QVERIFY(isOfOneStyle(*user.page()));
             const bool isLast = user.page()->isLastPage();
             QVERIFY(user.button(isLast ? "finishButton" : "nextButton")->isDefault());
             verifyTabOrder(*user.dialog());
