@@ -412,4 +412,7 @@ void CKelmoMainDialog::vPublishDriversAndCarsToTrackDisplays()
         }
         ++track;
     }
+    // The stored defaults know ids alone; a display client, which has other lists, shows names.
+    if (!m_clientMode)
+        collectDriversAndCars();
 }

@@ -233,6 +233,7 @@ private Q_SLOTS:
     void qrCodeForAPanelThatIsGoneChangesNothing();
 
     void clientModeShowsNamesInDisabledBoxes();
+    void raceSettingsKnowTheNamesThatTheBoxesShow();
     void clientModeLeavesOnlyQuitAndHelp();
     void clientModeKeysStartNothing();
 
@@ -1261,6 +1262,22 @@ void tst_CKelmoMainDialog::clientModeShowsNamesInDisabledBoxes()
     fixture.dialog.onSettingsChanged();
     QCOMPARE(fixture.driverBox(2)->currentText(), QString("Dora"));
     QVERIFY(!fixture.driverBox(2)->isEnabled());
+}
+
+void tst_CKelmoMainDialog::raceSettingsKnowTheNamesThatTheBoxesShow()
+{
+    MainDialogFixture fixture;
+    CDriverList drivers;
+    CDriver anna;
+    anna.setName("Anna");
+    drivers.addDriver(anna);
+    CDriver stored;
+    stored.setId(drivers.driverAt(drivers.rowOfName("Anna")).id());
+    fixture.raceSettings.setDriver(1, stored); // as the stored defaults have it
+    fixture.setRaceway(racewayWithTracks(2));
+    QCOMPARE(fixture.driverBox(2)->currentText(), QString("Anna"));
+    QCOMPARE(fixture.raceSettings.driver(1).name(), QString("Anna"));
+    QCOMPARE(fixture.raceSettings.car(1).name(), fixture.carBox(2)->currentText());
 }
 
 void tst_CKelmoMainDialog::clientModeLeavesOnlyQuitAndHelp()
