@@ -1,5 +1,6 @@
 #include "shell/CRichComboBox.h"
 
+#include <QLineEdit>
 #include <QPalette>
 
 namespace {
@@ -28,6 +29,8 @@ void CRichComboBox::setPointSize(int pointSize)
     m_pointSize = pointSize;
     m_font.setPointSize(pointSize);
     setFont(m_font);
+    if (lineEdit())
+        lineEdit()->setFont(m_font); // a style sheet keeps it from taking over that of the box
 }
 
 void CRichComboBox::setColor(const QString& name)

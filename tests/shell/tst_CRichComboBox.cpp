@@ -1,5 +1,6 @@
 #include "shell/CRichComboBox.h"
 
+#include <QLineEdit>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -30,6 +31,20 @@ private Q_SLOTS:
         box.setPointSize(25);
         QCOMPARE(box.font().pointSize(), 25);
         QCOMPARE(box.font().weight(), 50);
+    }
+
+    void pointSizeReachesTheTextThatCanBeTyped()
+    {
+        QWidget window;
+        window.setStyleSheet(QStringLiteral("QWidget {color: #646464; background-color: black;}"));
+        CRichComboBox box(&window);
+        box.setEditable(true);
+        box.setColor(QStringLiteral("#FF3214"));
+        window.show();
+        for (const int size : {25, 7}) {
+            box.setPointSize(size);
+            QCOMPARE(box.lineEdit()->font().pointSize(), size);
+        }
     }
 
     void colourGoesToThePaletteAndTheStyleSheet()
