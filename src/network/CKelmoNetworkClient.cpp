@@ -109,10 +109,13 @@ QString CKelmoNetworkClient::errorText(QAbstractSocket::SocketError socketError)
 
 void CKelmoNetworkClient::readDataFromNetwork()
 {
-    m_reader.append(m_socket->readAll());
     QByteArray record;
-    while (m_reader.takeRecord(&record))
+    do {
+        m_reader.append(m_socket->readAll()); // what a receiver of the record before let in, too
+        if (!m_reader.takeRecord(&record))
+            return;
         processRecord(record);
+    } while (!m_reader.isEmpty());
 }
 
 void CKelmoNetworkClient::processRecord(QByteArray& record)
