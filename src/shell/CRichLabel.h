@@ -20,6 +20,8 @@
 class CRichLabel : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
+    Q_PROPERTY(QColor color READ color)
 
 public:
     explicit CRichLabel(QWidget* parent = nullptr);

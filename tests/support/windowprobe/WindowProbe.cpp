@@ -1,84 +1,166 @@
-#include <QAction>
+#include "WindowProbe.h"
+
+#include "WindowText.h"
+
 #include <QApplication>
 #include <QComboBox>
-#include <QDialog>
 #include <QGenericPlugin>
-#include <QLabel>
-#include <QMenuBar>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QKeySequence>
+#include <QPushButton>
 #include <QSaveFile>
-#include <QTimer>
+#include <QTest>
 
 namespace {
 
 constexpr int Period = 50; // milliseconds
 
-void describeActions(const QList<QAction*>& actions, QStringList& lines)
+QPushButton* shownButton(const QString& name)
 {
-    for (const QAction* action : actions) {
-        if (!action->isVisible() || action->isSeparator())
-            continue;
-        lines.append(QStringLiteral("menu %1").arg(action->text()));
-        if (action->menu())
-            describeActions(action->menu()->actions(), lines);
+    for (QWidget* widget : QApplication::allWidgets()) {
+        auto* button = qobject_cast<QPushButton*>(widget);
+        if (button && button->isVisible() && (button->objectName() == name || button->text() == name))
+            return button;
     }
-}
-
-QStringList describe(const QWidget* window)
-{
-    QStringList lines{window->isFullScreen() ? QStringLiteral("window full screen")
-                                             : QStringLiteral("window framed")};
-    for (const QMenuBar* bar : window->findChildren<QMenuBar*>())
-        describeActions(bar->actions(), lines);
-    for (const QLabel* label : window->findChildren<QLabel*>()) {
-        if (label->isVisible())
-            lines.append(QStringLiteral("label %1 %2").arg(label->objectName(), label->text()));
-    }
-    for (const QComboBox* box : window->findChildren<QComboBox*>()) {
-        if (box->isVisible())
-            lines.append(
-                QStringLiteral("box %1 %2 %3")
-                    .arg(box->objectName(), box->isEnabled() ? "free" : "locked", box->currentText()));
-    }
-    return lines;
+    return nullptr;
 }
 
 } // namespace
 
-/** Writes down again and again what the main window of a process shows. */
-class WindowProbe : public QObject
+WindowProbe::WindowProbe(const QString& fileName) : m_fileName(fileName)
 {
-    Q_OBJECT
+    connect(&m_timer, &QTimer::timeout, this, &WindowProbe::look);
+    m_timer.start(Period);
+    connect(&m_network, &NetworkWatch::accepted, this, [this] { tellDashboard("accepted"); });
+    connect(&m_network, &NetworkWatch::sent, this, [this](qint64 bytes) { tellDashboard("sent", bytes); });
+    connect(&m_network, &NetworkWatch::received, this, [this] { tellDashboard("received"); });
+    connect(&m_door, &QLocalServer::newConnection, this, &WindowProbe::takeVisitor);
+    m_door.listen(m_fileName + ".socket");
+}
 
-public:
-    explicit WindowProbe(const QString& fileName) : m_fileName(fileName)
-    {
-        connect(&m_timer, &QTimer::timeout, this, &WindowProbe::look);
-        m_timer.start(Period);
+void WindowProbe::look()
+{
+    const QWidget* window = WindowText::mainWindow();
+    QSaveFile file(m_fileName);
+    if (!window || !file.open(QIODevice::WriteOnly))
+        return;
+    file.write(WindowText::ofWindow(*window).join('\n').toUtf8());
+    file.commit();
+}
+
+void WindowProbe::takeVisitor()
+{
+    m_visitor = m_door.nextPendingConnection();
+    connect(m_visitor, &QLocalSocket::readyRead, this, &WindowProbe::readCommands);
+}
+
+void WindowProbe::readCommands()
+{
+    while (m_visitor && m_visitor->canReadLine()) {
+        const QJsonObject command = QJsonDocument::fromJson(m_visitor->readLine()).object();
+        talk("answer", carryOut(command["command"].toString(), command["argument"].toString()));
     }
+}
 
-private:
-    void look()
-    {
-        for (const QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() != QLatin1String("mainDialog") || !window->isVisible())
-                continue;
-            QSaveFile file(m_fileName);
-            if (file.open(QIODevice::WriteOnly)) {
-                file.write(describe(window).join('\n').toUtf8());
-                file.commit();
-            }
-        }
-    }
+QStringList WindowProbe::carryOut(const QString& command, const QString& argument)
+{
+    QWidget* window = WindowText::mainWindow();
+    if (!window)
+        return {};
+    if (command == "window")
+        return WindowText::ofWindow(*window);
+    if (command == "dashboard")
+        return WindowText::ofDashboard(*window);
+    if (command == "places")
+        return WindowText::ofPlaces(*window);
+    if (command == "boxes")
+        return WindowText::ofBoxes();
+    if (command == "keys")
+        return pressKeys(argument);
+    if (command == "hold" || command == "release")
+        return workButton(argument, command == "hold");
+    if (command == "choose")
+        return choose(argument.section(' ', 0, 0), argument.section(' ', 1));
+    if (command == "call")
+        return callSlot(argument);
+    if (command == "resize")
+        return resize(argument.section('x', 0, 0).toInt(), argument.section('x', 1).toInt());
+    if (command == "paint")
+        return paint(argument);
+    return {};
+}
 
-    QString m_fileName;
-    QTimer m_timer;
-};
+QStringList WindowProbe::pressKeys(const QString& keys) const
+{
+    const int key = QKeySequence(keys)[0];
+    QWidget* window = WindowText::mainWindow();
+    window->activateWindow(); // shortcuts are those of the active window
+    if (!QTest::qWaitFor([window] { return QApplication::activeWindow() == window; }))
+        return {};
+    QTest::keyClick(window, Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
+                    Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+    return {"done"};
+}
 
-/**
- * Looks into a program that a test has started as a process of its own: Qt loads it by
- * QT_PLUGIN_PATH and QT_QPA_GENERIC_PLUGINS=windowprobe:FILE, and FILE then tells what the window
- * shows, one line each.
- */
+QStringList WindowProbe::workButton(const QString& name, bool down) const
+{
+    QPushButton* button = shownButton(name);
+    if (!button)
+        return {};
+    if (down)
+        QTest::mousePress(button, Qt::LeftButton);
+    else
+        QTest::mouseRelease(button, Qt::LeftButton);
+    return {"done"};
+}
+
+QStringList WindowProbe::choose(const QString& boxName, const QString& entry) const
+{
+    auto* box = WindowText::mainWindow()->findChild<QComboBox*>(boxName);
+    const int index = box ? box->findText(entry) : -1;
+    if (index < 0)
+        return {};
+    box->setCurrentIndex(index);
+    return {"done"};
+}
+
+QStringList WindowProbe::callSlot(const QString& name) const
+{
+    return QMetaObject::invokeMethod(WindowText::mainWindow(), name.toLatin1().constData())
+               ? QStringList{"done"}
+               : QStringList();
+}
+
+/** The platform's screen is smaller than any real one; a window needn't care. */
+QStringList WindowProbe::resize(int width, int height) const
+{
+    WindowText::mainWindow()->resize(width, height);
+    return {"done"};
+}
+
+QStringList WindowProbe::paint(const QString& fileName) const
+{
+    return WindowText::mainWindow()->grab().save(fileName) ? QStringList{"done"} : QStringList();
+}
+
+void WindowProbe::tellDashboard(const QString& about, qint64 bytes)
+{
+    QWidget* window = WindowText::mainWindow();
+    if (m_visitor && window)
+        talk(about, WindowText::ofDashboard(*window), bytes);
+}
+
+void WindowProbe::talk(const QString& about, const QStringList& lines, qint64 bytes)
+{
+    const QJsonObject line{
+        {"about", about}, {"lines", QJsonArray::fromStringList(lines)}, {"bytes", double(bytes)}};
+    m_visitor->write(QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n');
+    m_visitor->flush();
+}
+
+/** Qt loads it by QT_PLUGIN_PATH and QT_QPA_GENERIC_PLUGINS=windowprobe:FILE. */
 class WindowProbePlugin : public QGenericPlugin
 {
     Q_OBJECT
