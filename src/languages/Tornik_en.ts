@@ -136,6 +136,155 @@
     </message>
 </context>
 <context>
+    <name>CCarEditorConfig</name>
+    <message>
+        <source>Farbe</source>
+        <translation>Colour</translation>
+    </message>
+    <message>
+        <source>Reifen</source>
+        <translation>Tyres</translation>
+    </message>
+    <message>
+        <source>Modifikationen</source>
+        <translation>Modifications</translation>
+    </message>
+</context>
+<context>
+    <name>CCarEditorConfigDlg</name>
+    <message>
+        <source>Konfiguration des Fahrzeug Editor</source>
+        <translation>Car editor configuration</translation>
+    </message>
+    <message>
+        <source>Freifeld %1</source>
+        <translation>Free field %1</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Abbrechen</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>CCarEditorDlg</name>
+    <message>
+        <source>Fahrzeug Editor</source>
+        <translation>Car editor</translation>
+    </message>
+    <message>
+        <source>Fahrzeug Name</source>
+        <translation>Car name</translation>
+    </message>
+    <message>
+        <source>Hersteller Original</source>
+        <translation>Original manufacturer</translation>
+    </message>
+    <message>
+        <source>Typenbezeichnung Original</source>
+        <translation>Original type</translation>
+    </message>
+    <message>
+        <source>Startnummer</source>
+        <translation>Start number</translation>
+    </message>
+    <message>
+        <source>Fahrzeug Maßstab 1/</source>
+        <translation>Car scale 1/</translation>
+    </message>
+    <message>
+        <source>Fahrzeug Klasse</source>
+        <translation>Car class</translation>
+    </message>
+    <message>
+        <source>Hersteller des Modell</source>
+        <translation>Model manufacturer</translation>
+    </message>
+    <message>
+        <source>Fahrzeug Chassis</source>
+        <translation>Car chassis</translation>
+    </message>
+    <message>
+        <source>Kommentar</source>
+        <translation>Comment</translation>
+    </message>
+    <message>
+        <source>Tankgröße</source>
+        <translation>Tank size</translation>
+    </message>
+    <message>
+        <source>Reservelevel</source>
+        <translation>Reserve level</translation>
+    </message>
+    <message>
+        <source>Min. Verbrauch</source>
+        <translation>Min. consumption</translation>
+    </message>
+    <message>
+        <source>Max. Verbrauch</source>
+        <translation>Max. consumption</translation>
+    </message>
+    <message>
+        <source>gefahrene Strecke (cm)</source>
+        <translation>Distance driven (cm)</translation>
+    </message>
+    <message>
+        <source>z.B. Porsche</source>
+        <translation>e.g. Porsche</translation>
+    </message>
+    <message>
+        <source>z.B. 917k</source>
+        <translation>e.g. 917k</translation>
+    </message>
+    <message>
+        <source>sehr schnell</source>
+        <translation>very fast</translation>
+    </message>
+    <message>
+        <source>schnell</source>
+        <translation>fast</translation>
+    </message>
+    <message>
+        <source>normal</source>
+        <translation>normal</translation>
+    </message>
+    <message>
+        <source>langsam</source>
+        <translation>slow</translation>
+    </message>
+    <message>
+        <source>sehr langsam</source>
+        <translation>very slow</translation>
+    </message>
+    <message>
+        <source>z.B. Carrera</source>
+        <translation>e.g. Carrera</translation>
+    </message>
+    <message>
+        <source>z.B. Carrera D124</source>
+        <translation>e.g. Carrera D124</translation>
+    </message>
+    <message>
+        <source>Ändern</source>
+        <translation>Change</translation>
+    </message>
+    <message>
+        <source>Editor &amp;konfigurieren</source>
+        <translation>Confi&amp;gure editor</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Abbrechen</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
     <name>CCarList</name>
     <message>
         <source>Freifeld %1</source>
@@ -280,6 +429,104 @@
     <message>
         <source>schnellste Rundenzeit erfassen</source>
         <translation>record the fastest lap time</translation>
+    </message>
+</context>
+<context>
+    <name>CDisplayTab</name>
+    <message>
+        <source>Rundenanzahl anzeigen</source>
+        <translation>Show the number of laps</translation>
+    </message>
+    <message>
+        <source>Rundenzeit anzeigen</source>
+        <translation>Show the lap time</translation>
+    </message>
+    <message>
+        <source>Beste Rundenzeit anzeigen</source>
+        <translation>Show the best lap time</translation>
+    </message>
+    <message>
+        <source>Rennstatus</source>
+        <translation>Race state</translation>
+    </message>
+    <message>
+        <source>Durchschnittliche Rundenzeit anzeigen</source>
+        <translation>Show the average lap time</translation>
+    </message>
+    <message>
+        <source>Tankanzeige anzeigen</source>
+        <translation>Show the fuel gauge</translation>
+    </message>
+    <message>
+        <source>Sektorenzeiten anzeigen</source>
+        <translation>Show sector times</translation>
+    </message>
+    <message>
+        <source>Zwischenzeiten anstelle von Sektorenzeiten anzeigen</source>
+        <translation>Show split times instead of sector times</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit anzeigen</source>
+        <translation>Show the speed</translation>
+    </message>
+    <message>
+        <source>in km/h</source>
+        <translation>in km/h</translation>
+    </message>
+    <message>
+        <source>in m/s</source>
+        <translation>in m/s</translation>
+    </message>
+    <message>
+        <source>in mph</source>
+        <translation>in mph</translation>
+    </message>
+    <message>
+        <source>sehr groß</source>
+        <translation>very large</translation>
+    </message>
+    <message>
+        <source>groß</source>
+        <translation>large</translation>
+    </message>
+    <message>
+        <source>medium</source>
+        <translation>medium</translation>
+    </message>
+    <message>
+        <source>klein</source>
+        <translation>small</translation>
+    </message>
+    <message>
+        <source>Anzeigegröße:</source>
+        <translation>Display size:</translation>
+    </message>
+    <message>
+        <source>Farbe Slot %1</source>
+        <translation>Colour of slot %1</translation>
+    </message>
+    <message>
+        <source>Farbe Bestzeit, Status, Tankreserve</source>
+        <translation>Colour of best time, state, fuel reserve</translation>
+    </message>
+</context>
+<context>
+    <name>CDriverEditorDlg</name>
+    <message>
+        <source>Fahrer Editor</source>
+        <translation>Driver editor</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Abbrechen</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Fahrer Name:</source>
+        <translation>Driver name:</translation>
     </message>
 </context>
 <context>
@@ -920,6 +1167,109 @@
     </message>
 </context>
 <context>
+    <name>CKelmoSettings</name>
+    <message>
+        <source>Einstellungen</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Rennstrecken</source>
+        <translation>Raceways</translation>
+    </message>
+    <message>
+        <source>Anzeige</source>
+        <translation>Display</translation>
+    </message>
+    <message>
+        <source>Töne</source>
+        <translation>Sounds</translation>
+    </message>
+    <message>
+        <source>Speichern</source>
+        <translation>Storing</translation>
+    </message>
+    <message>
+        <source>Netzwerk</source>
+        <translation>Network</translation>
+    </message>
+    <message>
+        <source>QR Code</source>
+        <translation>QR Code</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;Ok</translation>
+    </message>
+    <message>
+        <source>&amp;Abbrechen</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Sound für neue Beste Runde wählen</source>
+        <translation>Choose the sound of a new best lap</translation>
+    </message>
+    <message>
+        <source>Sound für Drive Through wählen</source>
+        <translation>Choose the sound of a drive-through</translation>
+    </message>
+    <message>
+        <source>Sound für rotes Ampellicht wählen</source>
+        <translation>Choose the sound of a red light</translation>
+    </message>
+    <message>
+        <source>Sound für grünes Ampellicht wählen</source>
+        <translation>Choose the sound of the green light</translation>
+    </message>
+    <message>
+        <source>Sounds (*.wav)</source>
+        <translation>Sounds (*.wav)</translation>
+    </message>
+    <message>
+        <source>Verzeichnis wählen</source>
+        <translation>Choose a directory</translation>
+    </message>
+    <message>
+        <source>Vorhandene Strecken:</source>
+        <translation>Raceways:</translation>
+    </message>
+    <message>
+        <source>Die aktuell ausgewählte Strecke ist mit "x" markiert.</source>
+        <translation>The raceway in use is marked with "x".</translation>
+    </message>
+    <message>
+        <source>&amp;Neu</source>
+        <translation>&amp;New</translation>
+    </message>
+    <message>
+        <source>&amp;Bearbeiten</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Löschen</source>
+        <translation>&amp;Delete</translation>
+    </message>
+    <message>
+        <source>Ben&amp;utzen</source>
+        <translation>&amp;Use</translation>
+    </message>
+    <message>
+        <source>&amp;Ja</source>
+        <translation>&amp;Yes</translation>
+    </message>
+    <message>
+        <source>&amp;Nein</source>
+        <translation>&amp;No</translation>
+    </message>
+    <message>
+        <source>Rennstrecke löschen</source>
+        <translation>Delete raceway</translation>
+    </message>
+    <message>
+        <source>Sind Sie sicher, dass Sie die Rennstrecke %1 löschen möchten?</source>
+        <translation>Are you sure that you want to delete the raceway %1?</translation>
+    </message>
+</context>
+<context>
     <name>CMainMenu</name>
     <message>
         <source>&amp;schnelles Rennen starten</source>
@@ -1084,6 +1434,29 @@
     </message>
 </context>
 <context>
+    <name>CNetworkTab</name>
+    <message>
+        <source>Netzwerkanzeigerechner bei Programmende auf Host automatisch herunterfahren</source>
+        <translation>Shut the display computers down when the host's program ends</translation>
+    </message>
+    <message>
+        <source>Wartezeit vor herunterfahren des Remote Rechners:</source>
+        <translation>Delay before a remote computer shuts down:</translation>
+    </message>
+    <message>
+        <source>Netzwerkanzeigen stumm schalten</source>
+        <translation>Mute the network displays</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Diese Einstellungen sind relevant wenn der Tornik seine Anzeige auf einen &lt;br&gt;zweiten Rechner im Netzwerk übertragen soll.&lt;br&gt;</source>
+        <translation>These settings matter when Tornik shows its display &lt;br&gt;on a second computer of the network.&lt;br&gt;</translation>
+    </message>
+</context>
+<context>
     <name>COpenPage</name>
     <message>
         <source>&lt;b&gt;Zustand "offen" eingeben&lt;/b&gt;</source>
@@ -1157,6 +1530,21 @@
         <source>Bahnstromabschaltung für Spur</source>
         <extracomment>followed by the number of the track</extracomment>
         <translation>Power switch of track</translation>
+    </message>
+</context>
+<context>
+    <name>CQrCodeTab</name>
+    <message>
+        <source>QR Code Erkennung aktivieren</source>
+        <translation>Activate the recognition of QR codes</translation>
+    </message>
+    <message>
+        <source>Kamera:</source>
+        <translation>Camera:</translation>
+    </message>
+    <message>
+        <source>Für alle Fahrzeuge und Fahrer können QR Codes erzeugt und ausgedruckt werden. Eine Webcam liest sie ein, so dass Fahrer und Fahrzeuge an den Anzeigen der Spuren ohne Tastatur ausgewählt werden.</source>
+        <translation>QR codes of all cars and drivers can be made and printed. A webcam reads them, so that drivers and cars are chosen at the displays of the tracks without a keyboard.</translation>
     </message>
 </context>
 <context>
@@ -1642,6 +2030,45 @@ race will be saved under this name.</translation>
     </message>
 </context>
 <context>
+    <name>CSoundTab</name>
+    <message>
+        <source>Neue Bestzeit:</source>
+        <translation>New best time:</translation>
+    </message>
+    <message>
+        <source>Drive Through:</source>
+        <translation>Drive-through:</translation>
+    </message>
+    <message>
+        <source>Rotes Ampellicht:</source>
+        <translation>Red light:</translation>
+    </message>
+    <message>
+        <source>Grünes Ampellicht:</source>
+        <translation>Green light:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Browse</translation>
+    </message>
+    <message>
+        <source>Sprachausgabe nutzen</source>
+        <translation>Use voice output</translation>
+    </message>
+    <message>
+        <source>Rundenanzahl ansagen</source>
+        <translation>Announce the number of laps</translation>
+    </message>
+    <message>
+        <source>Rundenzeit ansagen</source>
+        <translation>Announce the lap time</translation>
+    </message>
+    <message>
+        <source>Nur neue Bestzeiten ansagen</source>
+        <translation>Announce new best times only</translation>
+    </message>
+</context>
+<context>
     <name>CStartConditionGroup</name>
     <message>
         <source>Startbedingung</source>
@@ -1693,6 +2120,41 @@ race will be saved under this name.</translation>
     <message>
         <source>Maßstab (optional): &lt;b&gt;1/&lt;/b&gt;</source>
         <translation>Scale (optional): &lt;b&gt;1/&lt;/b&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>CStorageTab</name>
+    <message>
+        <source>Wählen Sie die standard Aktion beim speichern eines Rennens:</source>
+        <translation>Choose what storing a race does by default:</translation>
+    </message>
+    <message>
+        <source>beim speichern immer nach Dateiname und Zielordner fragen</source>
+        <translation>always ask for file name and folder</translation>
+    </message>
+    <message>
+        <source>immer in folgenden Ordner speichern:</source>
+        <translation>always store in this folder:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Browse</translation>
+    </message>
+    <message>
+        <source>Zeitformat beim speichern</source>
+        <translation>Time format of stored times</translation>
+    </message>
+    <message>
+        <source>Zeiten im Format mm:ss:zzz speichern (z.B. 0:08:531)</source>
+        <translation>Store times in the format mm:ss:zzz (e.g. 0:08:531)</translation>
+    </message>
+    <message>
+        <source>Zeiten im Format s,zzz speichern (z.B. 8,531)</source>
+        <translation>Store times in the format s,zzz (e.g. 8,531)</translation>
+    </message>
+    <message>
+        <source>Zeiten im Format mm:ss,zzz speichern (z.B. 0:08,531)</source>
+        <translation>Store times in the format mm:ss,zzz (e.g. 0:08,531)</translation>
     </message>
 </context>
 <context>
