@@ -456,6 +456,7 @@ void tst_CIoWarriorIo::tenThousandOutputChangesBetweenSensorChangesPostNoEvent()
 {
     constexpr int Changes = 10000;
     constexpr int SensorChances = 100; // one in so many steps
+    constexpr int LongPauses = 10;     // one in so many
     constexpr quint32 Sensor = 0x00800000;
     QFETCH(unsigned, productId);
     QFETCH(unsigned, seed);
@@ -474,7 +475,8 @@ void tst_CIoWarriorIo::tenThousandOutputChangesBetweenSensorChangesPostNoEvent()
             (*m_chip)->flip(Sensor);
             ++sensorChanges;
         }
-        QThread::usleep(random.bounded(200U));
+        // Mostly several changes in a pass, now and then some passes without one.
+        QThread::usleep(random.bounded(random.bounded(LongPauses) == 0 ? 5000U : 200U));
         QCoreApplication::processEvents();
         QVERIFY(m_sink->events.size() <= sensorChanges);
     }
