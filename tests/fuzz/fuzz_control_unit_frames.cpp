@@ -36,7 +36,7 @@ void checkFrame(CCarreraCuIo* io, const QString& frame)
     FUZZ_VERIFY(receiver.passes().size() + receiver.states().size() <= 1);
     for (const EventRecorder::Pass& pass : receiver.passes()) {
         FUZZ_VERIFY(pass.sensors.size() == PortId::Count && pass.sensors.count(true) == 1);
-        const int bit = EventRecorder::bitsOf(pass).first();
+        const int bit = EventRecorder::closed(pass).first();
         FUZZ_VERIFY((bit >= 1 && bit <= 8) || (bit >= 41 && bit <= 56));
     }
     for (const CCarreraCuStatusEvent& state : receiver.states()) {

@@ -2,45 +2,27 @@
 #define TORNIK_TESTS_IO_EVENTRECORDER_H
 
 #include "io/CCarreraCuEvents.h"
-#include "io/CDriveThroughEvent.h"
 #include "io/CRacewayIoEvent.h"
+#include "io/EventSink.h"
 
-#include <QObject>
 #include <QStringList>
-#include <QVector>
 
-/** A receiver that keeps what is posted to it. */
-class EventRecorder : public QObject
+/** A receiver that keeps the frames of a device, too, and what a Control Unit tells. */
+class EventRecorder : public EventSink
 {
 public:
-    struct Pass
-    {
-        QBitArray sensors;
-        int time;
-    };
+    using Pass = EventSink::Entry;
 
-    const QVector<Pass>& passes() const { return m_passes; }
-    const QVector<CCarreraCuStatusEvent>& states() const { return m_states; }
+    const QList<Pass>& passes() const { return events; }
+    const QList<CCarreraCuStatusEvent>& states() const { return m_states; }
     const QStringList& frames() const { return m_frames; }
     int others() const { return m_others; }
-
-    /** @return the set bits of a pass. */
-    static QVector<int> bitsOf(const Pass& pass)
-    {
-        QVector<int> bits;
-        for (int bit = 0; bit < pass.sensors.size(); ++bit) {
-            if (pass.sensors.testBit(bit))
-                bits.append(bit);
-        }
-        return bits;
-    }
 
 protected:
     void customEvent(QEvent* event) override
     {
         if (event->type() == CDriveThroughEvent::EventType) {
-            const auto* pass = static_cast<CDriveThroughEvent*>(event);
-            m_passes.append({pass->sensors(), pass->time()});
+            EventSink::customEvent(event);
         } else if (event->type() == CCarreraCuStatusEvent::EventType) {
             const auto* state = static_cast<CCarreraCuStatusEvent*>(event);
             m_states.append(CCarreraCuStatusEvent(state->fuel(), state->startLight()));
@@ -54,8 +36,7 @@ protected:
     }
 
 private:
-    QVector<Pass> m_passes;
-    QVector<CCarreraCuStatusEvent> m_states;
+    QList<CCarreraCuStatusEvent> m_states;
     QStringList m_frames;
     int m_others = 0;
 };

@@ -20,11 +20,12 @@ public:
     QList<Entry> events;
 
     /** @return the port ids of the closed sensors of an event. */
-    QList<int> closed(int index) const
+    QList<int> closed(int index) const { return closed(events.at(index)); }
+    static QList<int> closed(const Entry& event)
     {
         QList<int> ids;
-        for (int id = 0; id < events.at(index).sensors.size(); ++id) {
-            if (events.at(index).sensors.testBit(id))
+        for (int id = 0; id < event.sensors.size(); ++id) {
+            if (event.sensors.testBit(id))
                 ids.append(id);
         }
         return ids;

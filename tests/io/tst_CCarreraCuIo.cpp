@@ -10,7 +10,7 @@
 #include <QDataStream>
 #include <QtTest>
 
-using Bits = QVector<int>;
+using Bits = QList<int>;
 
 class tst_CCarreraCuIo : public QObject
 {
@@ -137,12 +137,12 @@ void tst_CCarreraCuIo::aLapFrameYieldsTheLapSensorOfItsCar()
     deliver("?10000000012$");
     QCOMPARE(m_receiver->passes().size(), 1);
     QCOMPARE(m_receiver->passes().first().sensors.size(), 65);
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().first()), Bits{1});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().first()), Bits{1});
     QCOMPARE(m_receiver->passes().first().time, 0);
 
     for (char car = '2'; car <= '8'; ++car) {
         deliver("?" + QByteArray(1, car) + "0000000010$");
-        QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().last()), Bits{car - '0'});
+        QCOMPARE(EventRecorder::closed(m_receiver->passes().last()), Bits{car - '0'});
     }
     QCOMPARE(m_receiver->passes().size(), 8);
 }
@@ -154,9 +154,9 @@ void tst_CCarreraCuIo::theSameLapFrameASecondTimeYieldsNothing()
     m_io->readSettings(blobWithPort(QStringLiteral("fake")));
     m_io->start();
     QTRY_VERIFY(m_receiver->passes().size() >= 2);
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().at(0)), Bits{1});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().at(0)), Bits{1});
     QCOMPARE(m_receiver->passes().at(0).time, 0);
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().at(1)), Bits{2});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().at(1)), Bits{2});
 }
 
 void tst_CCarreraCuIo::aGroupOfOneFourOrZeroYieldsTheLapSensor_data()
@@ -173,16 +173,16 @@ void tst_CCarreraCuIo::aGroupOfOneFourOrZeroYieldsTheLapSensor()
     QFETCH(char, group);
     deliver("?300000000" + QByteArray(1, group) + "0$");
     QCOMPARE(m_receiver->passes().size(), 1);
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().first()), Bits{3});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().first()), Bits{3});
 }
 
 void tst_CCarreraCuIo::groupsTwoAndThreeYieldTheSectorSensors()
 {
     for (int car = 1; car <= 8; ++car) {
         deliver("?" + QByteArray::number(car) + "0000000020$");
-        QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().last()), Bits{40 + car});
+        QCOMPARE(EventRecorder::closed(m_receiver->passes().last()), Bits{40 + car});
         deliver("?" + QByteArray::number(car) + "0000000030$");
-        QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().last()), Bits{48 + car});
+        QCOMPARE(EventRecorder::closed(m_receiver->passes().last()), Bits{48 + car});
     }
     QCOMPARE(m_receiver->passes().size(), 16);
 }
@@ -267,8 +267,8 @@ void tst_CCarreraCuIo::bitsOfAnEarlierFrameAreGone()
 {
     deliver("?10000000012$");
     deliver("?20000000013$");
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().last()), Bits{2});
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().first()), Bits{1});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().last()), Bits{2});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().first()), Bits{1});
 }
 
 void tst_CCarreraCuIo::randomFramesAreReadWithoutHarm()
@@ -284,7 +284,7 @@ void tst_CCarreraCuIo::randomFramesAreReadWithoutHarm()
     QVERIFY(!m_receiver->passes().isEmpty());
     for (const EventRecorder::Pass& pass : m_receiver->passes()) {
         QCOMPARE(pass.sensors.count(true), 1);
-        const int bit = EventRecorder::bitsOf(pass).first();
+        const int bit = EventRecorder::closed(pass).first();
         QVERIFY((bit >= 1 && bit <= 8) || (bit >= 41 && bit <= 56));
     }
     for (const CCarreraCuStatusEvent& state : m_receiver->states())

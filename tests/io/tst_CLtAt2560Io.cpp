@@ -9,7 +9,7 @@
 
 #include <QtTest>
 
-using Bits = QVector<int>;
+using Bits = QList<int>;
 
 namespace {
 
@@ -143,7 +143,7 @@ void tst_CLtAt2560Io::aNewInterfaceHasItsOutputsPreset()
 void tst_CLtAt2560Io::sensorStatesAndLearningDoNothing()
 {
     m_io->setPortState(PortId::lapSensor(0), 3, false);
-    QCOMPARE(EventRecorder::bitsOf(passOf(":S3,100;")).first(), 1);
+    QCOMPARE(EventRecorder::closed(passOf(":S3,100;")).first(), 1);
     QCOMPARE(m_io->sensorStates(), QBitArray(65));
     QCOMPARE(m_io->capturePortState(PortId::lapSensor(0)), 0);
     QCOMPARE(m_io->portState(PortId::lapSensor(0)), 3);
@@ -154,7 +154,7 @@ void tst_CLtAt2560Io::aFrameOfInput12AtTheTime34567GivesBoth()
     m_io->setPortState(PortId::lapSensor(2), 12, false);
     const EventRecorder::Pass pass = passOf(":S12,34567;");
     QCOMPARE(pass.sensors.size(), 65);
-    QCOMPARE(EventRecorder::bitsOf(pass), Bits{3});
+    QCOMPARE(EventRecorder::closed(pass), Bits{3});
     QCOMPARE(pass.time, 34567);
 }
 
@@ -164,7 +164,7 @@ void tst_CLtAt2560Io::everyInputFiresItsSensor()
         m_io->setPortState(id, 100 + id, false);
     for (int id = 0; id < PortId::Count; ++id) {
         const EventRecorder::Pass pass = passOf(":S" + QByteArray::number(100 + id) + ",7;");
-        QCOMPARE(EventRecorder::bitsOf(pass), isInput(id) ? Bits{id} : Bits());
+        QCOMPARE(EventRecorder::closed(pass), isInput(id) ? Bits{id} : Bits());
         QCOMPARE(pass.time, 7);
     }
 }
@@ -175,22 +175,22 @@ void tst_CLtAt2560Io::oneInputServesSeveralSensors()
     m_io->setPortState(PortId::fuelSensor(0), 4, false);
     m_io->setPortState(PortId::endSensor(0), 4, false);
     m_io->setPortState(PortId::lapSensor(1), 5, false);
-    QCOMPARE(EventRecorder::bitsOf(passOf(":S4,100;")), Bits({1, 25, 57}));
+    QCOMPARE(EventRecorder::closed(passOf(":S4,100;")), Bits({1, 25, 57}));
 }
 
 void tst_CLtAt2560Io::inputZeroIsASensor()
 {
     m_io->setPortState(PortId::lapSensor(0), 0, false);
-    QCOMPARE(EventRecorder::bitsOf(passOf(":S0,100;")), Bits{1});
+    QCOMPARE(EventRecorder::closed(passOf(":S0,100;")), Bits{1});
 }
 
 void tst_CLtAt2560Io::bitsOfAnEarlierFrameAreGone()
 {
     m_io->setPortState(PortId::lapSensor(0), 1, false);
     m_io->setPortState(PortId::lapSensor(1), 2, false);
-    QCOMPARE(EventRecorder::bitsOf(passOf(":S1,100;")), Bits{1});
-    QCOMPARE(EventRecorder::bitsOf(passOf(":S2,105;")), Bits{2});
-    QCOMPARE(EventRecorder::bitsOf(passOf(":S54,110;")), Bits());
+    QCOMPARE(EventRecorder::closed(passOf(":S1,100;")), Bits{1});
+    QCOMPARE(EventRecorder::closed(passOf(":S2,105;")), Bits{2});
+    QCOMPARE(EventRecorder::closed(passOf(":S54,110;")), Bits());
 }
 
 void tst_CLtAt2560Io::frameTexts_data()
@@ -278,7 +278,7 @@ void tst_CLtAt2560Io::withoutAReceiverFramesAreDropped()
 
 void tst_CLtAt2560Io::theInputSetupNamesEachAssignedInputInOrder_data()
 {
-    QTest::addColumn<QVector<int>>("ids");
+    QTest::addColumn<Bits>("ids");
     QTest::addColumn<QByteArray>("setup");
     QTest::newRow("chaos button and two lap sensors") << Bits{9, 1, 2} << QByteArray(":IS,109.101.102;");
     QTest::newRow("one sensor") << Bits{64} << QByteArray(":IS,164;");
@@ -290,7 +290,7 @@ void tst_CLtAt2560Io::theInputSetupNamesEachAssignedInputInOrder_data()
 
 void tst_CLtAt2560Io::theInputSetupNamesEachAssignedInputInOrder()
 {
-    QFETCH(QVector<int>, ids);
+    QFETCH(Bits, ids);
     QFETCH(QByteArray, setup);
     for (const int id : ids)
         m_io->setPortState(id, 100 + id, false);
@@ -355,7 +355,7 @@ void tst_CLtAt2560Io::aStartOpensTheLineAndTellsTheInputs()
     QTRY_COMPARE(m_line->received(), QByteArray(":IS,7.1.2;"));
     m_line->send(":S2,34567;");
     QTRY_COMPARE(m_receiver->passes().size(), 1);
-    QCOMPARE(EventRecorder::bitsOf(m_receiver->passes().first()), Bits{2});
+    QCOMPARE(EventRecorder::closed(m_receiver->passes().first()), Bits{2});
 }
 
 void tst_CLtAt2560Io::aStartWithAnUnchangedPortNameDoesNotReopenThePort()
