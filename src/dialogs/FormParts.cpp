@@ -23,6 +23,8 @@ void markPlaceholder(QLineEdit* edit)
     if (edit->property(property) == QVariant(shows))
         return;
     edit->setProperty(property, shows);
+    if (!edit->testAttribute(Qt::WA_WState_Polished))
+        return; // the style will see it when it comes
     edit->style()->unpolish(edit);
     edit->style()->polish(edit);
 }

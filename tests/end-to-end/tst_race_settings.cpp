@@ -31,6 +31,7 @@ void inRaceSettings(RunningProgram& program, const Work& work, const char* butto
     program.pressKey(Qt::Key_R, Qt::ControlModifier);
 }
 
+/** Answers each file box of the race settings, which are open. */
 void answerFileBoxes(RunningProgram& program, const QString& fileName)
 {
     auto questions = std::make_unique<CScriptedQuestions>();
@@ -461,8 +462,8 @@ void tst_race_settings::exportedRulesCanBeImportedAndRaced()
     StoredSetup().write();
     QFile::remove("two-laps.rsf");
     RunningProgram program;
-    answerFileBoxes(program, "two-laps.rsf");
-    const auto enterAndExport = [](const DialogUser& user) {
+    const auto enterAndExport = [&program](const DialogUser& user) {
+        answerFileBoxes(program, "two-laps.rsf");
         user.enter("endTypeLaps", true);
         user.enter("numberOfLaps", 2);
         user.press("exportButton");
