@@ -3,12 +3,18 @@
 #include "shell/CTerminationSignals.h"
 #include "shell/CTranslationCatalogue.h"
 #include "shell/Version.h"
+#include "sound/CSoundDevice.h"
 
 #include <QApplication>
 #include <QLocale>
 #include <QTranslator>
 
-int main(int argc, char* argv[])
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+int runProgram(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tornik");
@@ -30,4 +36,16 @@ int main(int argc, char* argv[])
     const CKelmoMain kelmoMain(&application, parameters);
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const int result = runProgram(argc, argv);
+    if (CSoundDevice::isOneLeftBehind()) {
+        std::fflush(nullptr);
+        std::_Exit(result); // all is stored and closed by now
+    }
+    return result;
 }

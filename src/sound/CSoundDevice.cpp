@@ -6,6 +6,14 @@
 
 #include <QThread>
 
+#include <atomic>
+
+namespace {
+
+std::atomic<bool> oneIsLeftBehind{false};
+
+} // namespace
+
 CSoundDevice::CSoundDevice(std::shared_ptr<CSoundMixer> mixer) : m_mixer(std::move(mixer)) {}
 
 CSoundDevice::~CSoundDevice()
@@ -19,6 +27,12 @@ CSoundDevice::~CSoundDevice()
         return;
     qCWarning(soundLog) << "the audio device hangs and is left behind";
     static_cast<void>(m_thread.release());
+    oneIsLeftBehind = true;
+}
+
+bool CSoundDevice::isOneLeftBehind()
+{
+    return oneIsLeftBehind;
 }
 
 void CSoundDevice::wake()

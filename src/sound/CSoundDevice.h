@@ -23,6 +23,12 @@ public:
     CSoundDevice(const CSoundDevice&) = delete;
     CSoundDevice& operator=(const CSoundDevice&) = delete;
 
+    /**
+     * @return whether a thread was left behind. Qt's audio backend then waits or aborts when the
+     *         process ends in the usual way.
+     */
+    static bool isOneLeftBehind();
+
     /** Tells that there is something to hear. Any thread; doesn't wait. */
     void wake();
 
