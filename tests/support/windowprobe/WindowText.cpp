@@ -145,7 +145,7 @@ QStringList ofDashboard(QWidget& window)
 
 QStringList ofPlaces(const QWidget& window)
 {
-    return describePanels(window, place);
+    return QStringList{QStringLiteral("window %1").arg(place(&window))} + describePanels(window, place);
 }
 
 QStringList ofBoxes()

@@ -20,7 +20,8 @@ QStringList ofWindow(const QWidget& window);
  */
 QStringList ofDashboard(QWidget& window);
 
-/** @return where each visible field of the panels lies in the window, as "track1 lapCount 10,20 91x42". */
+/** @return the window's size and where each visible field of the panels lies, as "track1 lapCount 10,20
+ * 91x42". */
 QStringList ofPlaces(const QWidget& window);
 
 /** @return the texts and buttons of all boxes that stand in front of the window, a line each. */
