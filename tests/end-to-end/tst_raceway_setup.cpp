@@ -1,9 +1,7 @@
 #include "SetupHardware.h"
-#include "data/CRacewayList.h"
 #include "io/CDriveThroughEvent.h"
 #include "io/CRacewayIo.h"
 #include "race/CRace.h"
-#include "shell/CKelmoMainDialog.h"
 #include "support/DatabaseFile.h"
 #include "support/RunningProgram.h"
 #include "support/StoredSetup.h"
@@ -11,7 +9,9 @@
 #include "support/VirtualUnit.h"
 #include "wizard/WizardDriver.h"
 
+#include <QPushButton>
 #include <QTest>
+#include <QTreeView>
 
 namespace {
 
@@ -20,7 +20,8 @@ using User = std::function<void(WizardDriver&)>;
 
 const QString Name = QStringLiteral("Keller's \"Ring\"");
 
-/** Notes which of the sensors that are there the race sees closed, event by event. */
+/** Notes which of the sensors that are there the race sees closed, event by
+ * event. */
 class SensorWatch : public QObject
 {
 public:
@@ -71,6 +72,23 @@ QString sensorPage(int portId)
     return {};
 }
 
+void click(const QDialog* dialog, const char* button)
+{
+    QTest::mouseClick(dialog->findChild<QPushButton*>(button), Qt::LeftButton);
+}
+
+void selectRaceway(const QDialog* settings, const QString& name)
+{
+    constexpr int NameColumn = 1;
+    auto* tree = settings->findChild<QTreeView*>("racewayTree");
+    for (int row = 0; row < tree->model()->rowCount(); ++row) {
+        const QModelIndex index = tree->model()->index(row, NameColumn);
+        if (index.data().toString() == name)
+            QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              tree->visualRect(index).center());
+    }
+}
+
 QStringList columns(const QString& names)
 {
     DatabaseFile file;
@@ -81,7 +99,8 @@ QStringList columns(const QString& names)
 
 Q_DECLARE_METATYPE(Maker)
 
-/** A raceway set up with the wizard in the running program, raced on, changed, and raced on again. */
+/** A raceway set up with the wizard in the running program, raced on, changed,
+ * and raced on again. */
 class tst_raceway_setup : public QObject
 {
     Q_OBJECT
@@ -94,10 +113,12 @@ private Q_SLOTS:
     void aControlUnitIsSetUpRacedOnChangedAndRacedOnAgain();
 
 private:
-    RunningProgram& start();
+    void start();
+    void startAgain();
     void setUpNewRaceway(const User& user);
     void changeRaceway(const User& user);
     void lookAtRaceway();
+    void openSettings(ModalAnswers& answers, const std::function<void(QDialog*)>& user);
 
     void describeRaceway(WizardDriver& user);
     void learnSensors(WizardDriver& user);
@@ -118,49 +139,67 @@ void tst_raceway_setup::cleanup()
     m_hardware.reset();
 }
 
-/** The program of a new user, who races without counting his laps beforehand. */
-RunningProgram& tst_raceway_setup::start()
+/** The program of a new user, who races without counting his laps beforehand.
+ */
+void tst_raceway_setup::start()
 {
     StoredSetup setup;
     setup.rules.setRedLightsOnRaceStopped(true);
     setup.write();
-    m_program = std::make_unique<RunningProgram>();
-    return *m_program;
+    startAgain();
 }
 
-/** Makes a raceway with the wizard and chooses it. */
+/** The program as the last one has left it. */
+void tst_raceway_setup::startAgain()
+{
+    m_program.reset();
+    m_program = std::make_unique<RunningProgram>();
+}
+
+/** Opens the settings dialog and lets @p user work with it, who leaves it by a
+ * button. */
+void tst_raceway_setup::openSettings(ModalAnswers& answers, const std::function<void(QDialog*)>& user)
+{
+    answers.expect(user);
+    m_program->pressKey(Qt::Key_G, Qt::ControlModifier);
+}
+
+/** Makes a raceway and chooses it. */
 void tst_raceway_setup::setUpNewRaceway(const User& user)
 {
-    CRaceway raceway;
-    CRacewayWizard wizard(&m_program->dialog());
-    QCOMPARE(WizardDriver::create(wizard, &raceway, user), 1);
-    CRacewayList raceways;
-    raceways.addRaceway(raceway);
-    for (int row = 0; row < raceways.racewayCount(); ++row) {
-        if (raceways.racewayAt(row).name == raceway.name)
-            raceways.setCurrentRow(row);
-    }
-    QVERIFY(QMetaObject::invokeMethod(&m_program->dialog(), "newRacewaySelected"));
+    ModalAnswers answers;
+    openSettings(answers, [&](QDialog* settings) {
+        WizardDriver::expect(answers, user);
+        click(settings, "newRaceway");
+        selectRaceway(settings, Name);
+        click(settings, "useRaceway");
+        click(settings, "okButton");
+    });
+    QCOMPARE(m_program->infoText("racewayName"), Name);
 }
 
 /** Edits the raceway that is chosen. */
 void tst_raceway_setup::changeRaceway(const User& user)
 {
-    CRacewayList raceways;
-    const int row = raceways.currentRow();
-    CRaceway raceway = raceways.racewayAt(row);
-    CRacewayWizard wizard(&m_program->dialog());
-    QCOMPARE(WizardDriver::edit(wizard, &raceway, user), 1);
-    raceways.updateRaceway(row, raceway);
-    QVERIFY(QMetaObject::invokeMethod(&m_program->dialog(), "newRacewaySelected"));
+    ModalAnswers answers;
+    openSettings(answers, [&](QDialog* settings) {
+        WizardDriver::expect(answers, user);
+        selectRaceway(settings, Name);
+        click(settings, "editRaceway");
+        click(settings, "okButton");
+    });
 }
 
-/** Goes through all pages and cancels. */
+/** Goes through all pages and cancels the wizard, and the settings too. */
 void tst_raceway_setup::lookAtRaceway()
 {
-    CRaceway raceway = CRacewayList().currentRaceway();
-    CRacewayWizard wizard(&m_program->dialog());
-    QCOMPARE(WizardDriver::edit(wizard, &raceway, [this](WizardDriver& user) { compareRaceway(user); }), 0);
+    ModalAnswers answers;
+    openSettings(answers, [&](QDialog* settings) {
+        WizardDriver::expect(answers, [this](WizardDriver& wizard) { compareRaceway(wizard); });
+        selectRaceway(settings, Name);
+        click(settings, "editRaceway");
+        click(settings, "cancelButton");
+    });
 }
 
 /** The first three pages. */
@@ -181,7 +220,8 @@ void tst_raceway_setup::describeRaceway(WizardDriver& user)
     user.next();
 }
 
-/** All pages behind those: each sensor is pressed at the raceway, each output chosen. */
+/** All pages behind those: each sensor is pressed at the raceway, each output
+ * chosen. */
 void tst_raceway_setup::learnSensors(WizardDriver& user)
 {
     for (; !user.page()->isLastPage(); user.next()) {
@@ -250,8 +290,10 @@ void tst_raceway_setup::compareRaceway(WizardDriver& user)
 void tst_raceway_setup::compareStored()
 {
     const QString outputs = QString::number(int(m_hardware->hasOutputs()));
-    QCOMPARE(columns("name, scale, noOfTracks, chaosButtonAvailable, chaosPhaseOutputAvailable, "
-                     "pwrOffFeatureAvailable, externalLightsAvailable, startAndEndSensorSeparate, "
+    QCOMPARE(columns("name, scale, noOfTracks, chaosButtonAvailable, "
+                     "chaosPhaseOutputAvailable, "
+                     "pwrOffFeatureAvailable, externalLightsAvailable, "
+                     "startAndEndSensorSeparate, "
                      "numberOfSectors, fuelSensorSetup, minTime"),
              QStringList(QStringList({Name, "32", "2", "1", outputs, outputs, outputs,
                                       QString::number(int(m_hardware->hasEndSensors())),
@@ -369,6 +411,10 @@ void tst_raceway_setup::aRacewayIsSetUpRacedOnChangedAndRacedOnAgain()
     });
     compareStored();
     QVERIFY(!QTest::currentTestFailed());
+    race();
+    QVERIFY(!QTest::currentTestFailed());
+
+    startAgain();
     race();
 }
 
