@@ -91,6 +91,13 @@ public:
     }
 
     void chooseInterface(WizardDriver& user) override { user.choose("hardwareBox", "Parallel Port"); }
+    void chooseAnother(WizardDriver& user) override
+    {
+        user.choose("hardwareBox", "Parallel Port");
+        user.type("addressEdit", "0x278");
+        user.choose("inputRegisterBox", "Data Register");
+        user.choose("outputRegisterBox", "Control Register");
+    }
     bool showsInterface(const WizardDriver& user) const override
     {
         return user.field<QComboBox>("hardwareBox")->currentText() == "Parallel Port" &&
@@ -136,6 +143,7 @@ public:
     bool switchOn() override { return m_chip.plug(TestChip::Warrior40); }
 
     void chooseInterface(WizardDriver& user) override { user.choose("hardwareBox", "IO-Warrior40"); }
+    void chooseAnother(WizardDriver& user) override { user.choose("hardwareBox", "IO-Warrior28"); }
     bool showsInterface(const WizardDriver& user) const override
     {
         return user.field<QComboBox>("hardwareBox")->currentText() == "IO-Warrior40";
@@ -203,6 +211,11 @@ public:
         user.choose("hardwareBox", "L&T AT2560");
         user.typePort(linkPath("at2560"));
     }
+    void chooseAnother(WizardDriver& user) override
+    {
+        user.choose("hardwareBox", "L&T AT2560");
+        user.typePort(linkPath("elsewhere"));
+    }
     bool showsInterface(const WizardDriver& user) const override
     {
         return user.field<QComboBox>("hardwareBox")->currentText() == "L&T AT2560" &&
@@ -263,6 +276,11 @@ public:
     {
         user.choose("hardwareBox", "RaceControl");
         user.typePort(linkPath("race-box"));
+    }
+    void chooseAnother(WizardDriver& user) override
+    {
+        user.choose("hardwareBox", "RaceControl");
+        user.typePort(linkPath("elsewhere"));
     }
     bool showsInterface(const WizardDriver& user) const override
     {

@@ -44,6 +44,8 @@ public:
 
     // What the user does in the wizard, on the page of each
     virtual void chooseInterface(WizardDriver& user) = 0;
+    /** Chooses hardware of the same kind that is elsewhere, or another chip. */
+    virtual void chooseAnother(WizardDriver& user) = 0;
     /** @return whether the page of the hardware shows what chooseInterface() has entered. */
     virtual bool showsInterface(const WizardDriver& user) const = 0;
     virtual void learnOpen(WizardDriver& user) = 0;

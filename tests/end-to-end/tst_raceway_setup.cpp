@@ -110,6 +110,8 @@ private Q_SLOTS:
 
     void aRacewayIsSetUpRacedOnChangedAndRacedOnAgain_data();
     void aRacewayIsSetUpRacedOnChangedAndRacedOnAgain();
+    void aCancelledWizardLeavesTheRacewayToRaceOn_data();
+    void aCancelledWizardLeavesTheRacewayToRaceOn();
     void aControlUnitIsSetUpRacedOnChangedAndRacedOnAgain();
 
 private:
@@ -415,6 +417,46 @@ void tst_raceway_setup::aRacewayIsSetUpRacedOnChangedAndRacedOnAgain()
     QVERIFY(!QTest::currentTestFailed());
 
     startAgain();
+    race();
+}
+
+void tst_raceway_setup::aCancelledWizardLeavesTheRacewayToRaceOn_data()
+{
+    aRacewayIsSetUpRacedOnChangedAndRacedOnAgain_data();
+}
+
+/** Another raceway is begun, learned to its end on other ports, and given up. */
+void tst_raceway_setup::aCancelledWizardLeavesTheRacewayToRaceOn()
+{
+    QFETCH(Maker, maker);
+    m_hardware = maker();
+    QVERIFY(m_hardware->switchOn());
+    start();
+    setUpNewRaceway([this](WizardDriver& user) {
+        describeRaceway(user);
+        learnSensors(user);
+        user.finish();
+    });
+    QVERIFY(!QTest::currentTestFailed());
+    ModalAnswers answers;
+    openSettings(answers, [&](QDialog* settings) {
+        WizardDriver::expect(answers, [this](WizardDriver& user) {
+            user.describe("Andere", 3);
+            user.next();
+            m_hardware->chooseAnother(user);
+            for (; !user.page()->isLastPage(); user.next()) {
+                if (user.field<QPushButton>("learnButton"))
+                    user.learn();
+            }
+            user.cancel();
+        });
+        click(settings, "newRaceway");
+        click(settings, "cancelButton");
+    });
+    QCOMPARE(answers.numberOfWindows(), 2);
+    compareStored();
+    QCOMPARE(DatabaseFile().value("SELECT count(*) FROM raceways"), QString("2"));
+    QVERIFY(!QTest::currentTestFailed());
     race();
 }
 
