@@ -74,6 +74,57 @@ QStringList expectedPages(const Answers& answers)
                  << "CFinishPage";
 }
 
+/** @return every combination of answers that can be given on one kind of hardware. */
+QVector<Answers> allAnswers(const QString& hardware)
+{
+    QVector<Answers> all;
+    Answers answers;
+    answers.hardware = hardware;
+    for (int features = 0; features < 32; ++features) {
+        answers.chaosButton = features & 1;
+        answers.chaosSignal = features & 2;
+        answers.powerOff = features & 4;
+        answers.lights = features & 8;
+        answers.separateEnd = features & 16;
+        if (answers.chaosSignal && !answers.chaosButton) // can't be chosen
+            continue;
+        for (answers.fuelIndex = 0; answers.fuelIndex <= 4; ++answers.fuelIndex) {
+            for (answers.sectorIndex = 0; answers.sectorIndex <= 2; ++answers.sectorIndex) {
+                for (answers.tracks = 1; answers.tracks <= MostTracks; ++answers.tracks)
+                    all.append(answers);
+            }
+        }
+    }
+    return all;
+}
+
+/** The controls of the first three pages, set without a look at them. */
+void preset(const CRacewayWizard& wizard, const Answers& answers)
+{
+    const auto check = [&wizard](const char* box, bool on) {
+        wizard.findChild<QCheckBox*>(box)->setChecked(on);
+    };
+    wizard.findChild<QComboBox*>("tracksBox")->setCurrentIndex(answers.tracks - 1);
+    check("chaosBox", answers.chaosButton);
+    check("chaosOutputBox", answers.chaosSignal);
+    check("powerOffBox", answers.powerOff);
+    check("lightsBox", answers.lights);
+    check("separateEndBox", answers.separateEnd);
+    wizard.findChild<QComboBox*>("fuelBox")->setCurrentIndex(answers.fuelIndex);
+    wizard.findChild<QComboBox*>("sectorBox")->setCurrentIndex(answers.sectorIndex);
+}
+
+/** @return the pages to which one leads, each asked for the next one. */
+QStringList pagesFrom(WizardPage* page)
+{
+    QStringList pages{page->objectName()};
+    while (!page->isLastPage() && pages.size() < 100) {
+        page = page->nextPage();
+        pages.append(page->objectName());
+    }
+    return pages;
+}
+
 /** Answers on the first three pages, from the first one on. */
 void answer(WizardDriver& user, const Answers& answers)
 {
@@ -125,6 +176,8 @@ private Q_SLOTS:
     void eachHardwareLeadsThroughTheFeaturesThatAreThere();
     void eachTrackHasTheSensorsThatAreThere_data();
     void eachTrackHasTheSensorsThatAreThere();
+    void everyCombinationOfAnswersLeadsThroughThePagesOfTheRules_data();
+    void everyCombinationOfAnswersLeadsThroughThePagesOfTheRules();
     void oneSlotWithoutFeaturesHasSevenPages();
     void withEverythingEachOfTwoTracksHasSixPages();
     void anAt2560NeverShowsTheOpenPage();
@@ -173,18 +226,40 @@ void tst_WizardWays::eachTrackHasTheSensorsThatAreThere()
     Answers answers;
     QFETCH(QString, hardware);
     answers.hardware = hardware;
-    for (answers.tracks = 1; answers.tracks <= MostTracks; ++answers.tracks) {
+    for (const int tracks : {1, 2, MostTracks}) {
+        answers.tracks = tracks;
         for (answers.fuelIndex = 0; answers.fuelIndex <= 4; ++answers.fuelIndex) {
             for (answers.sectorIndex = 0; answers.sectorIndex <= 2; ++answers.sectorIndex) {
-                answers.separateEnd = (answers.fuelIndex + answers.sectorIndex + answers.tracks) % 2 != 0;
-                all.append(answers);
-                answers.separateEnd = !answers.separateEnd;
-                if (answers.tracks <= 2 || answers.tracks == MostTracks)
+                for (const bool separateEnd : {false, true}) {
+                    answers.separateEnd = separateEnd;
                     all.append(answers);
+                }
             }
         }
     }
+    QCOMPARE(all.size(), 3 * 5 * 3 * 2);
     QCOMPARE(compareWays(all), all.size());
+}
+
+void tst_WizardWays::everyCombinationOfAnswersLeadsThroughThePagesOfTheRules_data()
+{
+    eachTrackHasTheSensorsThatAreThere_data();
+}
+
+/** All of them, page by page as each answers; what the dialog makes of them is told by the tests above. */
+void tst_WizardWays::everyCombinationOfAnswersLeadsThroughThePagesOfTheRules()
+{
+    QFETCH(QString, hardware);
+    CRacewayWizard wizard;
+    wizard.findChild<QComboBox*>("hardwareBox")->setCurrentText(hardware);
+    WizardPage* features = wizard.findChild<WizardPage*>("CIoInterfacePage")->nextPage();
+    const QVector<Answers> all = allAnswers(hardware);
+    QCOMPARE(all.size(), 24 * 5 * 3 * MostTracks);
+    for (const Answers& answers : all) {
+        preset(wizard, answers);
+        const QStringList pages = pagesFrom(features);
+        QVERIFY2(pages == expectedPages(answers), qPrintable(describe(answers) + ": " + pages.join(", ")));
+    }
 }
 
 void tst_WizardWays::oneSlotWithoutFeaturesHasSevenPages()
