@@ -55,7 +55,7 @@ void CCarList::addCar(const CCar& car)
     submitAll(*m_tableModel);
 }
 
-CCar CCarList::carAt(int row)
+CCar CCarList::carAt(int row) const
 {
     selectAll(*m_tableModel);
     if (row < 0 || row >= m_tableModel->rowCount())
@@ -63,7 +63,7 @@ CCar CCarList::carAt(int row)
     return carFrom(m_tableModel->record(row));
 }
 
-QList<CCar> CCarList::allCars()
+QList<CCar> CCarList::allCars() const
 {
     selectAll(*m_tableModel);
     QList<CCar> cars;

@@ -37,9 +37,9 @@ public:
     /** Adds a new row, whatever the id of the car. */
     void addCar(const CCar& car);
     /** @return the car of a row; a default one, with id -1, for a row that there isn't. */
-    CCar carAt(int row);
+    CCar carAt(int row) const;
     /** @return the cars of all rows, in order. */
-    QList<CCar> allCars();
+    QList<CCar> allCars() const;
     /** Overwrites all of a row but its id; a row that there isn't is ignored. */
     void updateCar(int row, const CCar& car);
     /**

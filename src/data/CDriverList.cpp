@@ -51,7 +51,7 @@ void CDriverList::addDriver(const CDriver& driver)
     submitAll(*m_tableModel);
 }
 
-CDriver CDriverList::driverAt(int row)
+CDriver CDriverList::driverAt(int row) const
 {
     selectAll(*m_tableModel);
     if (row < 0 || row >= m_tableModel->rowCount())
@@ -59,7 +59,7 @@ CDriver CDriverList::driverAt(int row)
     return driverFrom(m_tableModel->record(row));
 }
 
-QList<CDriver> CDriverList::allDrivers()
+QList<CDriver> CDriverList::allDrivers() const
 {
     selectAll(*m_tableModel);
     QList<CDriver> drivers;

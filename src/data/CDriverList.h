@@ -32,9 +32,9 @@ public:
     /** Adds a new row, whatever the id of the driver. */
     void addDriver(const CDriver& driver);
     /** @return the driver of a row; a default one, with id -1, for a row that there isn't. */
-    CDriver driverAt(int row);
+    CDriver driverAt(int row) const;
     /** @return the drivers of all rows, in order. */
-    QList<CDriver> allDrivers();
+    QList<CDriver> allDrivers() const;
     /** Renames the driver of a row; a row that there isn't is ignored. */
     void updateDriver(int row, const CDriver& driver);
     int count() const;
