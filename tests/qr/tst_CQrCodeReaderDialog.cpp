@@ -1,0 +1,425 @@
+#include "qr/CQrCodeReaderDialog.h"
+#include "qr/QRCodeReader.h"
+#include "shell/CSettings.h"
+#include "support/MainThreadWatch.h"
+#include "support/ModalAnswers.h"
+#include "support/TestCameras.h"
+
+#include <QCamera>
+#include <QCameraInfo>
+#include <QCameraViewfinder>
+#include <QGridLayout>
+#include <QMessageBox>
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QThread>
+
+namespace {
+
+constexpr int Limit = 30000; // milliseconds
+const QString CameraText = QStringLiteral("Kamera überm Tisch");
+
+QStringList methodsOf(const QMetaObject& meta)
+{
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        const char* kind = method.methodType() == QMetaMethod::Signal ? "signal "
+                           : method.access() == QMetaMethod::Public   ? "public "
+                                                                      : "private ";
+        methods.append(kind + QString::fromLatin1(method.methodSignature()));
+    }
+    return methods;
+}
+
+/** A user with one camera, which sees a wall, and the dialog that knows it. */
+class ReaderFixture
+{
+public:
+    ReaderFixture()
+    {
+        cameras.plug("a", CameraText);
+        cameras.showNothing("a");
+        settings.setQrCodeHandlingCamera(CameraText);
+        dialog = std::make_unique<CQrCodeReaderDialog>(&settings);
+    }
+
+    /** Opens the dialog, does something before the camera, and waits until the dialog closes by itself. */
+    QString readWhile(const std::function<void()>& before)
+    {
+        answers.expect([this, before](QDialog* opened) {
+            QCOMPARE(opened, dialog.get());
+            before();
+        });
+        QTimer limit;
+        limit.setSingleShot(true);
+        QObject::connect(&limit, &QTimer::timeout, dialog.get(), [this] {
+            QTest::qFail("the dialog doesn't close", __FILE__, __LINE__);
+            dialog->close();
+        });
+        limit.start(Limit);
+        return dialog->readCode();
+    }
+    QString read(const QString& text)
+    {
+        return readWhile([&] { cameras.showCode("a", text); });
+    }
+    /** Opens the dialog, lets some pictures be looked at, and closes the window. */
+    QString closeWithoutReading()
+    {
+        return readWhile([this] {
+            MainThreadWatch::during(200);
+            dialog->close();
+        });
+    }
+    /** Reads where there is no camera. @return the text of the box */
+    QString problem()
+    {
+        QString text;
+        answers.expect([&text](QDialog* opened) {
+            auto* box = qobject_cast<QMessageBox*>(opened);
+            QVERIFY(box);
+            QVERIFY(!box->parent());
+            QCOMPARE(box->windowTitle(), QString("Kamera Problem"));
+            QCOMPARE(box->icon(), QMessageBox::Information);
+            QCOMPARE(box->standardButtons(), QMessageBox::Ok);
+            text = box->text();
+            box->accept();
+        });
+        const QString result = dialog->readCode();
+        return result.isEmpty() ? text : "read: " + result;
+    }
+    QCameraViewfinder* viewfinder() const { return dialog->findChild<QCameraViewfinder*>(); }
+
+    ModalAnswers answers;
+    TestCameras cameras;
+    CSettings settings;
+    std::unique_ptr<CQrCodeReaderDialog> dialog;
+};
+
+const QString NotFound = QStringLiteral("Die konfigurierte Kamera konnte nicht gefunden werden.");
+const QString NoAccess = QStringLiteral("Auf die Kamera konnte nicht zugegriffen werden.");
+
+} // namespace
+
+/** The dialog, its thread, QCamera, viewfinder and capture, over cameras whose pictures are files. */
+class tst_CQrCodeReaderDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void signalsAndSlotsStandInTheirOrder();
+    void theViewfinderFillsTheWindow();
+    void aCodeClosesTheDialogAndIsReturned_data();
+    void aCodeClosesTheDialogAndIsReturned();
+    void withoutACameraNameTheCameraIsNotFound();
+    void anUnpluggedCameraIsNotFound();
+    void aLockedCameraGivesNoAccess();
+    void theSameCodeIsReadTwiceInTwoCalls();
+    void aCodeWithAnyOtherTextClosesTheDialogToo();
+    void changingTheCameraWhileNothingIsReadSwapsIt();
+    void theCameraStaysWhileItsTextStays();
+    void ofTwoCamerasWithOneTextTheLastIsTaken();
+    void closedWithoutAReadingAndOpenedAgain();
+    void closedAndOpenedAgainAtOnceManyTimes();
+    void aCameraThatVanishesShowsNoMoreUntilTheWindowIsClosed();
+    void aCameraThatIsPluggedInAgainIsFound();
+    void theCameraIsLeftRunning();
+    void aCameraChangedDuringAReadingDoesNoHarm();
+    void theDialogCanGoWhileItReads();
+    void decodingRunsOnTheReadersThread();
+    void theMainThreadNeverWaitsForADecode();
+    void picture();
+};
+
+void tst_CQrCodeReaderDialog::signalsAndSlotsStandInTheirOrder()
+{
+    QCOMPARE(methodsOf(CQrCodeReaderDialog::staticMetaObject),
+             QStringList({"signal startDetection(QCamera*)", "private publishResult(QString)",
+                          "private applyCameraFromSettings()"}));
+    QCOMPARE(
+        methodsOf(QRCodeReader::staticMetaObject),
+        QStringList({"signal resultAvailable(QString)", "signal finished()", "public captureQrCode(QCamera*)",
+                     "public stop()", "private processImage(int,QImage)"}));
+}
+
+void tst_CQrCodeReaderDialog::theViewfinderFillsTheWindow()
+{
+    ReaderFixture fixture;
+    QVERIFY(!fixture.dialog->parent());
+    auto* layout = qobject_cast<QGridLayout*>(fixture.dialog->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), QMargins());
+    QCOMPARE(layout->itemAtPosition(0, 0)->widget(), fixture.viewfinder());
+    QCOMPARE(fixture.dialog->windowTitle(), QString());
+    fixture.readWhile([&] {
+        QCOMPARE(fixture.viewfinder()->size(), fixture.dialog->size());
+        QVERIFY(fixture.viewfinder()->width() >= 320);
+        QVERIFY(fixture.dialog->isModal());
+        fixture.dialog->close();
+    });
+}
+
+void tst_CQrCodeReaderDialog::aCodeClosesTheDialogAndIsReturned_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("driver") << "<drv>Anna";
+    QTest::newRow("car") << "<car>Müllers Größter";
+    QTest::newRow("120 characters") << "<car>" + QString("Adelheid von Ückermünde ").repeated(5);
+    QTest::newRow("empty name") << "<drv>";
+}
+
+void tst_CQrCodeReaderDialog::aCodeClosesTheDialogAndIsReturned()
+{
+    QFETCH(QString, text);
+    ReaderFixture fixture;
+    QCOMPARE(fixture.read(text), text);
+    QVERIFY(!fixture.dialog->isVisible());
+}
+
+void tst_CQrCodeReaderDialog::withoutACameraNameTheCameraIsNotFound()
+{
+    ReaderFixture fixture;
+    fixture.settings.setQrCodeHandlingCamera(QString());
+    fixture.dialog->setSettings(&fixture.settings);
+    QCOMPARE(fixture.problem(), NotFound);
+    QCOMPARE(fixture.answers.numberOfWindows(), 1);
+}
+
+void tst_CQrCodeReaderDialog::anUnpluggedCameraIsNotFound()
+{
+    ReaderFixture fixture;
+    fixture.cameras.unplug("a");
+    fixture.dialog = std::make_unique<CQrCodeReaderDialog>(&fixture.settings);
+    QCOMPARE(fixture.problem(), NotFound);
+}
+
+void tst_CQrCodeReaderDialog::aLockedCameraGivesNoAccess()
+{
+    ReaderFixture fixture;
+    fixture.cameras.lock("a");
+    QCOMPARE(fixture.problem(), NoAccess);
+    QCOMPARE(fixture.problem(), NoAccess);
+    fixture.cameras.unlock("a");
+    QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
+}
+
+void tst_CQrCodeReaderDialog::theSameCodeIsReadTwiceInTwoCalls()
+{
+    ReaderFixture fixture;
+    QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
+    QCOMPARE(fixture.readWhile([] {}), QString("<drv>Anna"));
+    QCOMPARE(fixture.readWhile([] {}), QString("<drv>Anna"));
+}
+
+void tst_CQrCodeReaderDialog::aCodeWithAnyOtherTextClosesTheDialogToo()
+{
+    ReaderFixture fixture;
+    QCOMPARE(fixture.read("Speisekarte: heute Suppe"), QString("Speisekarte: heute Suppe"));
+}
+
+void tst_CQrCodeReaderDialog::changingTheCameraWhileNothingIsReadSwapsIt()
+{
+    ReaderFixture fixture;
+    fixture.cameras.plug("b", "Zweite");
+    fixture.cameras.showCode("b", "<car>zweite");
+    QCOMPARE(fixture.read("<car>erste"), QString("<car>erste"));
+    fixture.settings.setQrCodeHandlingCamera("Zweite");
+    fixture.dialog->setSettings(&fixture.settings);
+    QCOMPARE(fixture.readWhile([] {}), QString("<car>zweite"));
+    fixture.settings.setQrCodeHandlingCamera(CameraText);
+    fixture.dialog->setSettings(&fixture.settings);
+    QCOMPARE(fixture.readWhile([] {}), QString("<car>erste"));
+}
+
+void tst_CQrCodeReaderDialog::theCameraStaysWhileItsTextStays()
+{
+    ReaderFixture fixture;
+    const QMediaObject* before = fixture.viewfinder()->mediaObject();
+    QVERIFY(before);
+    fixture.dialog->setSettings(&fixture.settings);
+    QCOMPARE(fixture.viewfinder()->mediaObject(), before);
+}
+
+void tst_CQrCodeReaderDialog::ofTwoCamerasWithOneTextTheLastIsTaken()
+{
+    ReaderFixture fixture;
+    for (const char* device : {"b", "c"}) {
+        fixture.cameras.plug(device, "Zwillinge");
+        fixture.cameras.showCode(device, QString("<car>") + device);
+    }
+    QCOMPARE(QCameraInfo::availableCameras().size(), 3);
+    fixture.settings.setQrCodeHandlingCamera("Zwillinge");
+    fixture.dialog->setSettings(&fixture.settings);
+    QCOMPARE(fixture.readWhile([] {}), QString("<car>c"));
+}
+
+void tst_CQrCodeReaderDialog::closedWithoutAReadingAndOpenedAgain()
+{
+    ReaderFixture fixture;
+    QCOMPARE(fixture.closeWithoutReading(), QString());
+    QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
+    fixture.cameras.showNothing("a");
+    QCOMPARE(fixture.closeWithoutReading(), QString());
+    QCOMPARE(fixture.closeWithoutReading(), QString());
+    QCOMPARE(fixture.read("<drv>Ben"), QString("<drv>Ben"));
+}
+
+void tst_CQrCodeReaderDialog::closedAndOpenedAgainAtOnceManyTimes()
+{
+    ReaderFixture fixture;
+    for (int round = 0; round < 20; ++round)
+        QCOMPARE(fixture.readWhile([&] { fixture.dialog->close(); }), QString());
+    QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
+}
+
+void tst_CQrCodeReaderDialog::aCameraThatVanishesShowsNoMoreUntilTheWindowIsClosed()
+{
+    ReaderFixture fixture;
+    const QString text = fixture.readWhile([&] {
+        auto* camera = qobject_cast<QCamera*>(fixture.viewfinder()->mediaObject());
+        QVERIFY(camera);
+        fixture.cameras.unplug("a");
+        QTRY_COMPARE(camera->error(), QCamera::CameraError);
+        QVERIFY(fixture.dialog->isVisible());
+        fixture.dialog->close();
+    });
+    QCOMPARE(text, QString());
+    QCOMPARE(fixture.problem(), NoAccess);
+}
+
+void tst_CQrCodeReaderDialog::aCameraThatIsPluggedInAgainIsFound()
+{
+    ReaderFixture fixture;
+    fixture.readWhile([&] {
+        fixture.cameras.unplug("a");
+        QTRY_COMPARE(qobject_cast<QCamera*>(fixture.viewfinder()->mediaObject())->error(),
+                     QCamera::CameraError);
+        fixture.dialog->close();
+    });
+    fixture.cameras.plug("a", CameraText);
+    QCOMPARE(fixture.problem(), NoAccess); // the one that was there before
+    QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
+}
+
+void tst_CQrCodeReaderDialog::theCameraIsLeftRunning()
+{
+    ReaderFixture fixture;
+    auto* camera = qobject_cast<QCamera*>(fixture.viewfinder()->mediaObject());
+    QVERIFY(camera);
+    QCOMPARE(camera->captureMode(), QCamera::CaptureStillImage);
+    QCOMPARE(camera->state(), QCamera::UnloadedState);
+    fixture.read("<drv>Anna");
+    QCOMPARE(camera->state(), QCamera::ActiveState);
+    fixture.cameras.showNothing("a");
+    fixture.closeWithoutReading();
+    QCOMPARE(camera->state(), QCamera::ActiveState);
+}
+
+void tst_CQrCodeReaderDialog::aCameraChangedDuringAReadingDoesNoHarm()
+{
+    ReaderFixture fixture;
+    fixture.cameras.plug("b", "Zweite");
+    fixture.cameras.showCode("b", "<car>zweite");
+    fixture.readWhile([&] {
+        MainThreadWatch::during(100);
+        const QPointer<QMediaObject> first = fixture.viewfinder()->mediaObject();
+        fixture.settings.setQrCodeHandlingCamera("Zweite");
+        fixture.dialog->setSettings(&fixture.settings);
+        QVERIFY(fixture.viewfinder()->mediaObject() != first);
+        QTRY_VERIFY(!first); // as soon as the reader has let go
+        fixture.dialog->close();
+    });
+    QCOMPARE(fixture.readWhile([] {}), QString("<car>zweite"));
+}
+
+void tst_CQrCodeReaderDialog::theDialogCanGoWhileItReads()
+{
+    for (const int after : {0, 50}) {
+        auto fixture = std::make_unique<ReaderFixture>();
+        fixture->answers.expect([&](QDialog*) {
+            if (after > 0)
+                MainThreadWatch::during(after);
+            fixture->dialog->hide(); // without telling the reader
+        });
+        fixture->dialog->readCode();
+        fixture->dialog.reset();
+    }
+}
+
+void tst_CQrCodeReaderDialog::decodingRunsOnTheReadersThread()
+{
+    TestCameras cameras;
+    cameras.plug("a", "A");
+    cameras.showCode("a", "<drv>Anna");
+    QCamera camera(QCameraInfo::availableCameras().first());
+    camera.setCaptureMode(QCamera::CaptureStillImage);
+    QRCodeReader reader;
+    QThread thread;
+    reader.moveToThread(&thread);
+    std::atomic<QThread*> found{nullptr};
+    connect(
+        &reader, &QRCodeReader::resultAvailable, this, [&found] { found = QThread::currentThread(); },
+        Qt::DirectConnection);
+    QSignalSpy ends(&reader, &QRCodeReader::finished);
+    camera.start();
+    thread.start();
+    QMetaObject::invokeMethod(&reader, [&] { reader.captureQrCode(&camera); });
+    QTRY_COMPARE(ends.count(), 1);
+    QCOMPARE(found.load(), &thread);
+    thread.quit();
+    QVERIFY(thread.wait(5000));
+}
+
+void tst_CQrCodeReaderDialog::theMainThreadNeverWaitsForADecode()
+{
+    QImage crowd(2400, 1800, QImage::Format_RGB32); // hard to look through
+    for (int y = 0; y < crowd.height(); ++y) {
+        for (int x = 0; x < crowd.width(); ++x)
+            crowd.setPixel(x, y,
+                           ((x / 9) * 7919 + (y / 9) * 104729 + (x / 9) * (y / 9) * 31) % 3 ? 0xffffffff
+                                                                                            : 0xff000000);
+    }
+    QZXing decoder;
+    decoder.setSourceFilterType(6);
+    decoder.setTryHarderBehaviour(6);
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(decoder.decodeImage(crowd), QString());
+    const qint64 decode = clock.elapsed();
+
+    ReaderFixture fixture;
+    fixture.cameras.show("a", crowd);
+    MainThreadWatch watch{};
+    fixture.readWhile([&] {
+        MainThreadWatch::during(300); // the picture is loaded and shown
+        watch = MainThreadWatch::during(int(2 * decode));
+        fixture.dialog->close();
+    });
+    QVERIFY2(watch.longestGap < decode / 2,
+             qPrintable(QString("%1 of %2 ms").arg(watch.longestGap).arg(decode)));
+}
+
+/** Leaves pictures of the window where a person can look at them, if he says where. */
+void tst_CQrCodeReaderDialog::picture()
+{
+    const QString directory = qEnvironmentVariable("TORNIK_PICTURES");
+    ReaderFixture fixture;
+    QImage seen;
+    QImage wall = TestCameras::wall();
+    wall.fill(Qt::darkGreen);
+    fixture.readWhile([&] {
+        fixture.cameras.show("a", wall);
+        const auto middle = [&] {
+            seen = fixture.dialog->grab().toImage();
+            return seen.pixelColor(seen.rect().center());
+        };
+        QTRY_COMPARE(middle(), QColor(Qt::darkGreen));
+        if (!directory.isEmpty())
+            seen.save(directory + "/reader.png");
+        fixture.dialog->close();
+    });
+}
+
+QTEST_MAIN(tst_CQrCodeReaderDialog)
+#include "tst_CQrCodeReaderDialog.moc"
