@@ -53,7 +53,8 @@ private:
         QLabel* sample = nullptr;
     };
 
-    CFlagBox* addFlag(const char* name, const QString& text, CFlagBox::Getter getter, CFlagBox::Setter setter);
+    CFlagBox* addFlag(const char* name, const QString& text, CFlagBox::Getter getter,
+                      CFlagBox::Setter setter);
     QVBoxLayout* createFlags();
     void addSectionFlags(QVBoxLayout* column);
     void addSpeedFlags(QVBoxLayout* column);

@@ -31,15 +31,15 @@ void CNetworkTab::createControls()
     m_port->setMaxLength(PortDigits);
     m_port->setValidator(new CStrictIntValidator(0, HighestPort, m_port));
     m_port->setFixedWidth(m_port->fontMetrics().horizontalAdvance(QStringLiteral("000000000")));
-    m_sendShutdown = new CFlagBox(
-        "sendShutdownToClients",
-        tr("Netzwerkanzeigerechner bei Programmende auf Host automatisch herunterfahren"),
-        &CSettings::sendShutdownToClients, &CSettings::setSendShutdownToClients, this);
+    m_sendShutdown =
+        new CFlagBox("sendShutdownToClients",
+                     tr("Netzwerkanzeigerechner bei Programmende auf Host automatisch herunterfahren"),
+                     &CSettings::sendShutdownToClients, &CSettings::setSendShutdownToClients, this);
     connect(m_sendShutdown, &QCheckBox::stateChanged, this, &CNetworkTab::sendShutdownChanged);
     m_waitTimeCaption = FormParts::label(tr("Wartezeit vor herunterfahren des Remote Rechners:"), this);
     m_waitTimeCaption->setObjectName(QStringLiteral("shutdownWaitTimeCaption"));
-    m_waitTime = FormParts::timeEdit("shutdownWaitTime", QStringLiteral("mm:ss"), QTime(0, 0),
-                                     LongestWaitTime, this);
+    m_waitTime =
+        FormParts::timeEdit("shutdownWaitTime", QStringLiteral("mm:ss"), QTime(0, 0), LongestWaitTime, this);
     m_muted = new CFlagBox("clientsMuted", tr("Netzwerkanzeigen stumm schalten"), &CSettings::clientsMuted,
                            &CSettings::setClientsMuted, this);
 }

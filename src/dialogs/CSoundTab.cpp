@@ -46,8 +46,9 @@ QVBoxLayout* CSoundTab::createVoice()
                               &CSettings::setSoundEnhanced, this);
     m_laps = new CFlagBox("soundVoiceOutputLaps", tr("Rundenanzahl ansagen"),
                           &CSettings::soundVoiceOutputLaps, &CSettings::setSoundVoiceOutputLaps, this);
-    m_lapTime = new CFlagBox("soundVoiceOutputLapTime", tr("Rundenzeit ansagen"),
-                             &CSettings::soundVoiceOutputLapTime, &CSettings::setSoundVoiceOutputLapTime, this);
+    m_lapTime =
+        new CFlagBox("soundVoiceOutputLapTime", tr("Rundenzeit ansagen"), &CSettings::soundVoiceOutputLapTime,
+                     &CSettings::setSoundVoiceOutputLapTime, this);
     m_bestLapTime = new CFlagBox("soundVoiceOutputBestLapTime", tr("Nur neue Bestzeiten ansagen"),
                                  &CSettings::soundVoiceOutputBestLapTime,
                                  &CSettings::setSoundVoiceOutputBestLapTime, this);

@@ -24,8 +24,8 @@ CStorageTab::CStorageTab(QWidget* parent)
 QGroupBox* CStorageTab::createApproach()
 {
     auto* box = new QGroupBox(tr("Wählen Sie die standard Aktion beim speichern eines Rennens:"), this);
-    auto* ask = button<QRadioButton>(
-        "storageApproach0", tr("beim speichern immer nach Dateiname und Zielordner fragen"), box);
+    auto* ask = button<QRadioButton>("storageApproach0",
+                                     tr("beim speichern immer nach Dateiname und Zielordner fragen"), box);
     auto* useFolder =
         button<QRadioButton>("storageApproach1", tr("immer in folgenden Ordner speichern:"), box);
     m_approach->addButton(ask, CSettings::AskForFileName);

@@ -57,12 +57,14 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
       m_portSimulator(new CKelmoPortSimulator(this)),
       m_settings(settings),
       m_raceSettings(raceSettings),
+      m_settingsDialog(new CKelmoSettings(settings, this)),
       m_raceStartDialog(new CRaceStartDlg(this)),
       m_raceStoreDialog(new CRaceStoreDlg(this)),
       m_raceAnalyzer(new CKelmoRaceAnalyzer(this)),
       m_questions(std::make_unique<CUserQuestions>())
 {
     setObjectName("mainDialog");
+    connect(m_settingsDialog, &CKelmoSettings::raceTrackChanged, this, &CKelmoMainDialog::newRacewaySelected);
     createWidgets();
     newRacewaySelected();
     setSoundHandler(std::make_unique<CSoundHandler>());
@@ -268,10 +270,6 @@ void CKelmoMainDialog::showSettings()
 /** Lists of its own: those of this window show their models in the boxes of the panels. */
 void CKelmoMainDialog::giveListsToSettingsDialog()
 {
-    if (!m_settingsDialog) {
-        m_settingsDialog = new CKelmoSettings(m_settings, this);
-        connect(m_settingsDialog, &CKelmoSettings::raceTrackChanged, this, &CKelmoMainDialog::newRacewaySelected);
-    }
     m_settingsDialog->setLists(std::make_unique<CRacewayList>(), std::make_unique<CCarList>(),
                                std::make_unique<CDriverList>());
 }

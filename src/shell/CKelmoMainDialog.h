@@ -154,9 +154,9 @@ private:
     std::unique_ptr<CCarList> m_carList;
     std::unique_ptr<CDriverList> m_driverList;
     CKelmoPortSimulator* m_portSimulator;
-    CSettings* m_settings;                              ///< not owned
-    CRaceSettings* m_raceSettings;                      ///< not owned
-    CKelmoSettings* m_settingsDialog = nullptr;         ///< made at its first use: it is slow to make
+    CSettings* m_settings;         ///< not owned
+    CRaceSettings* m_raceSettings; ///< not owned
+    CKelmoSettings* m_settingsDialog;
     CKelmoRaceSettings* m_raceSettingsDialog = nullptr; ///< made at its first use: it is slow to make
     CRaceStartDlg* m_raceStartDialog;
     CRaceStoreDlg* m_raceStoreDialog; ///< stands ready; no entry uses it

@@ -152,7 +152,8 @@ void tst_CKelmoSettings::titleTabsAndButtons()
         QStringList titles;
         for (int tab = 0; tab < tabs->count(); ++tab)
             titles.append(tabs->tabText(tab));
-        QCOMPARE(titles, QStringList({"Rennstrecken", "Anzeige", "Töne", "Speichern", "Netzwerk", "QR Code"}));
+        QCOMPARE(titles,
+                 QStringList({"Rennstrecken", "Anzeige", "Töne", "Speichern", "Netzwerk", "QR Code"}));
         QCOMPARE(user.control<QPushButton>("okButton")->text(), QString("&Ok"));
         QVERIFY(user.control<QPushButton>("okButton")->isDefault());
         QCOMPARE(user.control<QPushButton>("cancelButton")->text(), QString("&Abbrechen"));
@@ -194,20 +195,20 @@ void tst_CKelmoSettings::tabsHaveTheirTexts_data()
                           << QStringList{"Neue Bestzeit:", "Drive Through:", "Rotes Ampellicht:",
                                          "Grünes Ampellicht:"}
                           << QStringList();
-    QTest::newRow("Speichern")
-        << QStringList{"beim speichern immer nach Dateiname und Zielordner fragen",
-                       "immer in folgenden Ordner speichern:",
-                       "Browse",
-                       "Zeiten im Format mm:ss:zzz speichern (z.B. 0:08:531)",
-                       "Zeiten im Format s,zzz speichern (z.B. 8,531)",
-                       "Zeiten im Format mm:ss,zzz speichern (z.B. 0:08,531)"}
-        << QStringList{"Wählen Sie die standard Aktion beim speichern eines Rennens:",
-                       "Zeitformat beim speichern"}
-        << QStringList();
+    QTest::newRow("Speichern") << QStringList{"beim speichern immer nach Dateiname und Zielordner fragen",
+                                              "immer in folgenden Ordner speichern:",
+                                              "Browse",
+                                              "Zeiten im Format mm:ss:zzz speichern (z.B. 0:08:531)",
+                                              "Zeiten im Format s,zzz speichern (z.B. 8,531)",
+                                              "Zeiten im Format mm:ss,zzz speichern (z.B. 0:08,531)"}
+                               << QStringList{"Wählen Sie die standard Aktion beim speichern eines Rennens:",
+                                              "Zeitformat beim speichern"}
+                               << QStringList();
     QTest::newRow("Netzwerk")
         << QStringList{"Netzwerkanzeigerechner bei Programmende auf Host automatisch herunterfahren",
                        "Netzwerkanzeigen stumm schalten"}
-        << QStringList{"Diese Einstellungen sind relevant wenn der Tornik seine Anzeige auf einen <br>zweiten "
+        << QStringList{"Diese Einstellungen sind relevant wenn der Tornik seine Anzeige auf einen "
+                       "<br>zweiten "
                        "Rechner im Netzwerk übertragen soll.<br>",
                        "Port:", "Wartezeit vor herunterfahren des Remote Rechners:"}
         << QStringList();
@@ -263,13 +264,25 @@ void tst_CKelmoSettings::fieldsHaveTheirRange()
 
 void tst_CKelmoSettings::controlsShowTheSettingsOfANewUser()
 {
-    const QStringList on{"displayShowLaps",   "displayShowLapTime", "displayShowBestLapTime", "displayShowStatus",
-                         "speedDisplayType0", "storageApproach0",   "storageCsvTimeFormat0",  "clientsMuted"};
-    const QStringList off{"displayShowAverageLapTime", "displayShowSectorTimes", "displayShowIntermediateTimes",
-                          "displaySpeed", "speedDisplayType1", "speedDisplayType2", "displayFuel",
-                          "soundEnhanced", "soundVoiceOutputLaps", "soundVoiceOutputLapTime",
-                          "soundVoiceOutputBestLapTime", "storageApproach1", "storageCsvTimeFormat1",
-                          "storageCsvTimeFormat2", "sendShutdownToClients", "qrCodeHandlingEnabled"};
+    const QStringList on{"displayShowLaps",       "displayShowLapTime", "displayShowBestLapTime",
+                         "displayShowStatus",     "speedDisplayType0",  "storageApproach0",
+                         "storageCsvTimeFormat0", "clientsMuted"};
+    const QStringList off{"displayShowAverageLapTime",
+                          "displayShowSectorTimes",
+                          "displayShowIntermediateTimes",
+                          "displaySpeed",
+                          "speedDisplayType1",
+                          "speedDisplayType2",
+                          "displayFuel",
+                          "soundEnhanced",
+                          "soundVoiceOutputLaps",
+                          "soundVoiceOutputLapTime",
+                          "soundVoiceOutputBestLapTime",
+                          "storageApproach1",
+                          "storageCsvTimeFormat1",
+                          "storageCsvTimeFormat2",
+                          "sendShutdownToClients",
+                          "qrCodeHandlingEnabled"};
     const QMap<QString, QVariant> others{{"displaySize", 1},
                                          {"newBestLapSound", "newBestLap.wav"},
                                          {"driveThroughSound", "driveThrough.wav"},
@@ -338,7 +351,8 @@ void tst_CKelmoSettings::controlGoesToItsFieldAlone_data()
     const Change useFolder = to(&S::setStorageApproach, int(S::UseDefaultPath));
     row("storageApproach0", useFolder, true, to(&S::setStorageApproach, int(S::AskForFileName)));
     row("storageApproach1", nothing, true, useFolder);
-    row("storageDefaultPath", useFolder, "/home/rennen", to(&S::setStorageDefaultPath, QString("/home/rennen")));
+    row("storageDefaultPath", useFolder, "/home/rennen",
+        to(&S::setStorageDefaultPath, QString("/home/rennen")));
     row("storageCsvTimeFormat0", to(&S::setStorageCsvTimeFormat, int(S::MinutesComma)), true,
         to(&S::setStorageCsvTimeFormat, int(S::MinutesColonMilliseconds)));
     row("storageCsvTimeFormat1", nothing, true, to(&S::setStorageCsvTimeFormat, int(S::SecondsComma)));
@@ -468,8 +482,7 @@ void tst_CKelmoSettings::controlsAreEnabledByTheirRule_data()
     row("speed", to(&S::setDisplaySpeed, true), units, {"displayShowIntermediateTimes"});
     row("voice", to(&S::setSoundEnhanced, true), voice, best);
     row("lap time without voice", to(&S::setSoundVoiceOutputLapTime, true), {}, voice + best);
-    row(
-        "lap time",
+    row("lap time",
         [](S& settings) {
             settings.setSoundEnhanced(true);
             settings.setSoundVoiceOutputLapTime(true);
@@ -619,7 +632,9 @@ void tst_CKelmoSettings::cancellingAfterAColorChangeKeepsItOnThePanelsUntilTheNe
     const QColor stored("#FFC80A");
     const QColor chosen("#00FF00");
     SettingsFixture fixture;
-    const auto shown = [&fixture] { return fixture.main.track(1)->findChild<CRichLabel*>("lapCount")->color(); };
+    const auto shown = [&fixture] {
+        return fixture.main.track(1)->findChild<CRichLabel*>("lapCount")->color();
+    };
     fixture.openAndCancel([&](const DialogUser& user) {
         expectColorDialog(*fixture.answers, stored, chosen);
         user.bringUpAndPress("colorSlot1");
@@ -694,7 +709,8 @@ void tst_CKelmoSettings::waitTimeOverTheLongestIsShownAsTheLongest()
         store(to(&CSettings::setShutdownWaitTime, seconds));
         SettingsFixture fixture;
         const QTime shown = seconds < 0 ? QTime(0, 0) : QTime(0, 10);
-        fixture.open([&](const DialogUser& user) { QCOMPARE(user.value("shutdownWaitTime").toTime(), shown); });
+        fixture.open(
+            [&](const DialogUser& user) { QCOMPARE(user.value("shutdownWaitTime").toTime(), shown); });
         QCOMPARE(storedSettings().shutdownWaitTime(), seconds < 0 ? 0 : 600);
     }
 }
@@ -703,13 +719,20 @@ void tst_CKelmoSettings::portTakesOnlyDigitsUpToTheHighestPort_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("letters") << "12ab3" << "123";
-    QTest::newRow("signs") << "-+80" << "80";
-    QTest::newRow("marks") << "1.2,3 4" << "1234";
-    QTest::newRow("highest") << "65535" << "65535";
-    QTest::newRow("above") << "65536" << "6553";
-    QTest::newRow("too long") << "123456" << "12345";
-    QTest::newRow("zero") << "0" << "0";
+    QTest::newRow("letters") << "12ab3"
+                             << "123";
+    QTest::newRow("signs") << "-+80"
+                           << "80";
+    QTest::newRow("marks") << "1.2,3 4"
+                           << "1234";
+    QTest::newRow("highest") << "65535"
+                             << "65535";
+    QTest::newRow("above") << "65536"
+                           << "6553";
+    QTest::newRow("too long") << "123456"
+                              << "12345";
+    QTest::newRow("zero") << "0"
+                          << "0";
 }
 
 void tst_CKelmoSettings::portTakesOnlyDigitsUpToTheHighestPort()
@@ -773,20 +796,26 @@ void tst_CKelmoSettings::keyboardWalksFromTheTopToTheBottom_data()
     QTest::newRow("Rennstrecken") << 0
                                   << QStringList{"racewayTree", "newRaceway", "editRaceway", "deleteRaceway",
                                                  "useRaceway"};
-    QStringList display{"displayShowLaps",           "displayShowLapTime",     "displayShowBestLapTime",
-                        "displayShowStatus",         "displayShowAverageLapTime",
-                        "displayShowSectorTimes",    "displayShowIntermediateTimes",
-                        "displaySpeed",              "speedDisplayType0",      "displayFuel",
+    QStringList display{"displayShowLaps",
+                        "displayShowLapTime",
+                        "displayShowBestLapTime",
+                        "displayShowStatus",
+                        "displayShowAverageLapTime",
+                        "displayShowSectorTimes",
+                        "displayShowIntermediateTimes",
+                        "displaySpeed",
+                        "speedDisplayType0",
+                        "displayFuel",
                         "displaySize"};
     for (int slot = 1; slot <= 8; ++slot)
         display.append(QStringLiteral("colorSlot%1").arg(slot));
     QTest::newRow("Anzeige") << 1 << display + QStringList{"colorBestLapAndStatus"};
-    QTest::newRow("Töne") << 2
-                          << QStringList{"newBestLapSound", "newBestLapSoundBrowse", "driveThroughSound",
-                                         "driveThroughSoundBrowse", "redLightSound", "redLightSoundBrowse",
-                                         "greenLightSound", "greenLightSoundBrowse", "soundEnhanced",
-                                         "soundVoiceOutputLaps", "soundVoiceOutputLapTime",
-                                         "soundVoiceOutputBestLapTime"};
+    QTest::newRow("Töne") << 2 << QStringList{"newBestLapSound",         "newBestLapSoundBrowse",
+                                              "driveThroughSound",       "driveThroughSoundBrowse",
+                                              "redLightSound",           "redLightSoundBrowse",
+                                              "greenLightSound",         "greenLightSoundBrowse",
+                                              "soundEnhanced",           "soundVoiceOutputLaps",
+                                              "soundVoiceOutputLapTime", "soundVoiceOutputBestLapTime"};
     QTest::newRow("Speichern") << 3
                                << QStringList{"storageApproach1", "storageDefaultPath",
                                               "storageDefaultPathBrowse", "storageCsvTimeFormat0"};

@@ -119,13 +119,14 @@ void tst_race_storing::distancesAndFastestLapsGrowOverTwoRacesAndTheAnalyzerShow
     QCOMPARE(laps[0].size(), 4);
     QCOMPARE(laps[1].size(), 2);
 
-    QCOMPARE(DatabaseFile().rows("SELECT name, distanceDriven FROM cars WHERE name IN ('GT', 'LMP') "
-                                 "ORDER BY name"),
-             (QStringList{QString("GT|%1").arg(4 * TrackLength), QString("LMP|%1").arg(2 * 2 * TrackLength)}));
     QCOMPARE(
-        DatabaseFile().rows("SELECT t.noOfTrack, f.time FROM fastestLapTimes f JOIN tracks t ON t.id = f.trackId "
-                            "ORDER BY t.noOfTrack"),
-        (QStringList{QString("1|%1").arg(fastest(laps[0])), QString("2|%1").arg(fastest(laps[1]))}));
+        DatabaseFile().rows("SELECT name, distanceDriven FROM cars WHERE name IN ('GT', 'LMP') "
+                            "ORDER BY name"),
+        (QStringList{QString("GT|%1").arg(4 * TrackLength), QString("LMP|%1").arg(2 * 2 * TrackLength)}));
+    QCOMPARE(DatabaseFile().rows(
+                 "SELECT t.noOfTrack, f.time FROM fastestLapTimes f JOIN tracks t ON t.id = f.trackId "
+                 "ORDER BY t.noOfTrack"),
+             (QStringList{QString("1|%1").arg(fastest(laps[0])), QString("2|%1").arg(fastest(laps[1]))}));
 
     ModalAnswers user;
     QStringList shown;
@@ -137,8 +138,8 @@ void tst_race_storing::distancesAndFastestLapsGrowOverTwoRacesAndTheAnalyzerShow
     });
     program.pressKey(Qt::Key_A, Qt::ControlModifier);
     shown.sort();
-    QCOMPARE(shown,
-             (QStringList{QString("Anna %1").arg(fastest(laps[0])), QString("Ben %1").arg(fastest(laps[1]))}));
+    QCOMPARE(shown, (QStringList{QString("Anna %1").arg(fastest(laps[0])),
+                                 QString("Ben %1").arg(fastest(laps[1]))}));
 }
 
 QTEST_APPLESS_MAIN(tst_race_storing)

@@ -10,12 +10,12 @@
 #include <cstdlib>
 
 /** Stops the fuzzer if something doesn't hold that should hold for all bytes. */
-#define FUZZ_VERIFY(condition)                                                     \
-    do {                                                                           \
-        if (!(condition)) {                                                        \
-            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition);   \
-            std::abort();                                                          \
-        }                                                                          \
+#define FUZZ_VERIFY(condition)                                                                               \
+    do {                                                                                                     \
+        if (!(condition)) {                                                                                  \
+            std::fprintf(stderr, "%s:%d: %s\n", __FILE__, __LINE__, #condition);                             \
+            std::abort();                                                                                    \
+        }                                                                                                    \
     } while (false)
 
 namespace FuzzTarget {
