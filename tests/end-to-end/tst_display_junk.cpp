@@ -260,7 +260,7 @@ void tst_display_junk::endlessTextsLeaveTheWindowAsLargeAsItIs()
     QCOMPARE(window, QString("window 0,0 1920x1080"));
     const qint64 before = memory();
     send(DisplayRecord::framed(record));
-    QTRY_VERIFY(m_display->dashboard().join(' ').contains("WWWW"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_display->dashboard().join(' ').contains("WWWW"), Patience);
     QCOMPARE(m_display->places().value(0), window);
     QVERIFY(isInStep());
     QCOMPARE(m_display->places().value(0), window);
@@ -287,7 +287,8 @@ void tst_display_junk::aRaceGoesOnWhileStrangersSendNeverReadComeAndGo()
         comeAndGo(Port, 1000 / Laps);
         QVERIFY(driveLap(raceComputer));
         const QString laps = QStringLiteral("track1 lapCount %1 ").arg(lap, 3, 10, QLatin1Char('0'));
-        QTRY_VERIFY2(!raceComputer.dashboard().filter(laps).isEmpty(), qPrintable(laps));
+        QTRY_VERIFY2_WITH_TIMEOUT(!raceComputer.dashboard().filter(laps).isEmpty(), qPrintable(laps),
+                                  Patience);
     }
     QVERIFY(sent > bytes.size());
     ProbedProgram display(ProbedProgram::Fresh);

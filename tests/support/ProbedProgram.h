@@ -45,6 +45,8 @@ public:
     QStringList dashboard() { return ask("dashboard"); }
     QStringList window() { return ask("window"); }
     QStringList places() { return ask("places"); }
+    /** @return the lines that the info frame has had since the start, in order, without empty ones. */
+    QStringList messages() { return ask("messages"); }
     QStringList boxes() { return ask("boxes"); }
 
     // @return whether it could be done
@@ -60,6 +62,8 @@ public:
     /** @param size for example "1920x1080" */
     bool resize(const QString& size) { return !ask("resize", size).isEmpty(); }
     bool paint(const QString& fileName) { return !ask("paint", fileName).isEmpty(); }
+    /** Paints at the next of moments(), before that is told. */
+    bool paintNext(const QString& fileName) { return !ask("paintNext", fileName).isEmpty(); }
 
     /** @return all moments since the start, in order. */
     const QVector<Moment>& moments()

@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QKeySequence>
+#include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
 #include <QTest>
@@ -43,11 +44,24 @@ WindowProbe::WindowProbe(const QString& fileName) : m_fileName(fileName)
 void WindowProbe::look()
 {
     const QWidget* window = WindowText::mainWindow();
+    if (!window)
+        return;
+    noteMessage(*window);
     QSaveFile file(m_fileName);
-    if (!window || !file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly))
         return;
     file.write(WindowText::ofWindow(*window).join('\n').toUtf8());
     file.commit();
+}
+
+void WindowProbe::noteMessage(const QWidget& window)
+{
+    const auto* label = window.findChild<QLabel*>("additionalInfo");
+    if (!label || label->text() == m_message)
+        return;
+    m_message = label->text();
+    if (!m_message.isEmpty())
+        m_messages.append(m_message);
 }
 
 void WindowProbe::takeVisitor()
@@ -75,6 +89,8 @@ QStringList WindowProbe::carryOut(const QString& command, const QString& argumen
         return WindowText::ofDashboard(*window);
     if (command == "places")
         return WindowText::ofPlaces(*window);
+    if (command == "messages")
+        return m_messages;
     if (command == "boxes")
         return WindowText::ofBoxes();
     if (command == "keys")
@@ -89,6 +105,8 @@ QStringList WindowProbe::carryOut(const QString& command, const QString& argumen
         return resize(argument.section('x', 0, 0).toInt(), argument.section('x', 1).toInt());
     if (command == "paint")
         return paint(argument);
+    if (command == "paintNext")
+        return paintNext(argument);
     return {};
 }
 
@@ -145,11 +163,21 @@ QStringList WindowProbe::paint(const QString& fileName) const
     return WindowText::mainWindow()->grab().save(fileName) ? QStringList{"done"} : QStringList();
 }
 
+QStringList WindowProbe::paintNext(const QString& fileName)
+{
+    m_nextPicture = fileName;
+    return {"done"};
+}
+
 void WindowProbe::tellDashboard(const QString& about, qint64 bytes)
 {
     QWidget* window = WindowText::mainWindow();
-    if (m_visitor && window)
-        talk(about, WindowText::ofDashboard(*window), bytes);
+    if (!m_visitor || !window)
+        return;
+    if (!m_nextPicture.isEmpty())
+        paint(m_nextPicture);
+    m_nextPicture.clear();
+    talk(about, WindowText::ofDashboard(*window), bytes);
 }
 
 void WindowProbe::talk(const QString& about, const QStringList& lines, qint64 bytes)

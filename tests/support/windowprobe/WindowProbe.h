@@ -24,6 +24,7 @@ public:
 
 private:
     void look();
+    void noteMessage(const QWidget& window);
     void takeVisitor();
     void readCommands();
     /** @return the answer to a command; empty to one that can't be carried out */
@@ -34,11 +35,15 @@ private:
     QStringList callSlot(const QString& name) const;
     QStringList resize(int width, int height) const;
     QStringList paint(const QString& fileName) const;
+    QStringList paintNext(const QString& fileName);
     /** @param about "answer", "accepted", "sent", "received" @param bytes of "sent" */
     void talk(const QString& about, const QStringList& lines, qint64 bytes = 0);
     void tellDashboard(const QString& about, qint64 bytes = 0);
 
     QString m_fileName;
+    QString m_message; ///< that the info frame has now
+    QStringList m_messages;
+    QString m_nextPicture; ///< file of the picture of the next moment; empty for none
     QTimer m_timer;
     NetworkWatch m_network;
     QLocalServer m_door;
