@@ -394,10 +394,7 @@ void tst_at2560_race::aLostBoxDisturbsNothingAndIsReachedAgainByAChangedRaceway(
     QTRY_COMPARE(totalLaps(), 1);
     m_box->command("pull");
 
-    const MainThreadWatch watch = MainThreadWatch::during(2000);
-    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
-    QVERIFY2(watch.medianGap < 50, qPrintable(QString::number(watch.medianGap)));
-    QVERIFY2(watch.longestGap < 500, qPrintable(QString::number(watch.longestGap)));
+    QCOMPARE(MainThreadWatch::during(2000).complaints(), QString());
     QVERIFY(race.isRaceActive());
     QCOMPARE(m_log->lines().filter(QStringLiteral("AT2560: lost")).size(), 1);
     race.vStop();

@@ -458,9 +458,7 @@ void tst_control_unit_race::aPulledCableDisturbsNothingAndTheNextRaceOpensThePor
     unit.command("pull");
     QVERIFY(unit.polls() > 0); // the command before this one is carried out by now
 
-    const MainThreadWatch watch = MainThreadWatch::during(2000);
-    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
-    QVERIFY2(watch.longestGap < 500, qPrintable(QString::number(watch.longestGap)));
+    QCOMPARE(MainThreadWatch::during(2000).complaints(), QString());
     QVERIFY(race.isRaceActive());
 
     const int laps = totalLaps();

@@ -309,10 +309,7 @@ void tst_iowarrior_race::anUnpluggedChipDisturbsNothingAndTheNextStartFindsItAga
     driveLap(0);
     (*m_chip)->unplug();
 
-    const MainThreadWatch watch = MainThreadWatch::during(2000);
-    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
-    QVERIFY2(watch.medianGap < 50, qPrintable(QString::number(watch.medianGap)));
-    QVERIFY2(watch.longestGap < 500, qPrintable(QString::number(watch.longestGap)));
+    QCOMPARE(MainThreadWatch::during(2000).complaints(), QString());
     QVERIFY(race.isRaceActive());
     race.trackPowerToggle(1);
     race.vPause();
@@ -341,9 +338,7 @@ void tst_iowarrior_race::aSilentChipDoesNotFreezeTheRace()
     cross(0);
     driveLap(0);
     (*m_chip)->setSilent(true);
-    const MainThreadWatch watch = MainThreadWatch::during(1500);
-    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
-    QVERIFY2(watch.longestGap < 500, qPrintable(QString::number(watch.longestGap)));
+    QCOMPARE(MainThreadWatch::during(1500).complaints(), QString());
     for (int i = 0; i < 20; ++i)
         race.trackPowerToggle(1);
 

@@ -252,9 +252,7 @@ void tst_racecontrol_race::aPulledCableDisturbsNothingAndTheNextRaceOpensTheLine
     box.command("pull");
     QVERIFY(box.events() > 0); // the command before this one is carried out by now
 
-    const MainThreadWatch watch = MainThreadWatch::during(2000);
-    QVERIFY2(watch.processorShare < 0.2, qPrintable(QString::number(watch.processorShare)));
-    QVERIFY2(watch.medianGap < 50, qPrintable(QString::number(watch.medianGap)));
+    QCOMPARE(MainThreadWatch::during(2000).complaints(), QString());
     QVERIFY(race.isRaceActive());
     QVERIFY(race.io()->isRunning());
     QCOMPARE(laps(0), 1);

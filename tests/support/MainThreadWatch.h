@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QStringList>
 #include <QTimer>
 #include <QVector>
 
@@ -15,6 +16,19 @@ struct MainThreadWatch
     double processorShare = 0.0; ///< of one core, by all threads of this process
     qint64 medianGap = 0;        ///< milliseconds between two events of a timer with 10 ms
     qint64 longestGap = 0;
+
+    /** @return what a user would complain of; empty for nothing. Another process may cost a pause or two. */
+    QString complaints() const
+    {
+        QStringList texts;
+        if (processorShare >= 0.2)
+            texts.append(QStringLiteral("%1 of a processor").arg(processorShare));
+        if (medianGap >= 50)
+            texts.append(QStringLiteral("every other event after %1 ms").arg(medianGap));
+        if (longestGap >= 500)
+            texts.append(QStringLiteral("one event after %1 ms").arg(longestGap));
+        return texts.join(QStringLiteral(", "));
+    }
 
     /** Runs the event loop for a while. */
     static MainThreadWatch during(int milliseconds)
