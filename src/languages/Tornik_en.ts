@@ -1533,6 +1533,36 @@
     </message>
 </context>
 <context>
+    <name>CQrCodeGenerator</name>
+    <message>
+        <source>Fahrzeug</source>
+        <translation>Car</translation>
+    </message>
+    <message>
+        <source>QR Code</source>
+        <translation>QR Code</translation>
+    </message>
+    <message>
+        <source>Fahrer</source>
+        <translation>Driver</translation>
+    </message>
+</context>
+<context>
+    <name>CQrCodeReaderDialog</name>
+    <message>
+        <source>Die konfigurierte Kamera konnte nicht gefunden werden.</source>
+        <translation>The configured camera could not be found.</translation>
+    </message>
+    <message>
+        <source>Auf die Kamera konnte nicht zugegriffen werden.</source>
+        <translation>The camera could not be accessed.</translation>
+    </message>
+    <message>
+        <source>Kamera Problem</source>
+        <translation>Camera problem</translation>
+    </message>
+</context>
+<context>
     <name>CQrCodeTab</name>
     <message>
         <source>QR Code Erkennung aktivieren</source>
