@@ -205,6 +205,14 @@ public:
             seen[FrameGate::typeOf(frame)] = true;
         return seen.keys();
     }
+    /** @return whether a record, which has been compared, came with this line, from a moment of the race
+     * computer on. */
+    bool hasShown(const QString& line, int moment)
+    {
+        const auto& moments = raceComputer.moments();
+        return std::any_of(moments.begin() + moment, moments.end(),
+                           [&line](const auto& shown) { return shown.dashboard.contains(line); });
+    }
     QString raceComputerShows(const QString& word) { return lineWith(word, raceComputer.dashboard()); }
 
     ProbedProgram raceComputer;
@@ -303,7 +311,7 @@ private:
     void comparePictures(TwoScreens& screens, const QString& name);
     void driveLaps(TwoScreens& screens, int tracks, int laps);
     void waitForStatus(TwoScreens& screens, const QString& status);
-    void startByLights(TwoScreens& screens);
+    void startByLights(TwoScreens& screens, const QString& picture);
     void interruptByChaosAndByPause(TwoScreens& screens);
     void driveUntilTanksAreEmpty(TwoScreens& screens);
     void changeRaceway(TwoScreens& screens);
@@ -377,12 +385,16 @@ void tst_second_screen::waitForStatus(TwoScreens& screens, const QString& status
         [&] { return screens.raceComputerShows("track8 status").contains(' ' + status + ' '); }));
 }
 
-void tst_second_screen::startByLights(TwoScreens& screens)
+void tst_second_screen::startByLights(TwoScreens& screens, const QString& picture)
 {
+    const int before = screens.raceComputer.moments().size();
     QVERIFY(screens.raceComputer.press("Ctrl+S"));
-    FOLLOWED(screens.followUntil([&] { return screens.raceComputerShows("lights").contains('R'); }));
-    compareMovingPictures(screens, "start");
+    FOLLOWED(screens.followUntil([&] { return screens.raceComputerShows("lights") != "lights ooooo"; }));
+    compareMovingPictures(screens, picture);
     FOLLOWED(screens.followUntil([&] { return screens.raceComputerShows("lights") == "lights GGGGG"; }));
+    for (const char* lights :
+         {"lights Roooo", "lights RRooo", "lights RRRoo", "lights RRRRo", "lights RRRRR"})
+        QVERIFY2(screens.hasShown(lights, before), lights);
 }
 
 void tst_second_screen::interruptByChaosAndByPause(TwoScreens& screens)
@@ -445,14 +457,14 @@ void tst_second_screen::behindEveryRecordOfTwoRacesTheDisplayShowsWhatTheRaceCom
              "names are there before the first race");
 
     QVERIFY(screens.raceComputer.press("Ctrl+D"));
-    startByLights(screens);
+    startByLights(screens, "start");
     driveLaps(screens, 8, 3);
     compareMovingPictures(screens, "race");
     interruptByChaosAndByPause(screens);
     driveUntilTanksAreEmpty(screens);
     stopRace(screens, "end");
     changeRaceway(screens);
-    startByLights(screens);
+    startByLights(screens, "start-on-another-raceway");
     for (int crossing = 0; crossing < 3; ++crossing)
         FOLLOWED(screens.tap("all"));
     stopRace(screens, "end-on-another-raceway");
