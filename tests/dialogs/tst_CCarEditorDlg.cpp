@@ -461,15 +461,15 @@ void tst_CCarEditorDlg::noCarIsRefusedAtOnce()
 void tst_CCarEditorDlg::carOfClassZeroShowsTheLastClassAndGetsIt()
 {
     CCarEditorDlg editor;
-    CCar slow = porsche();
-    slow.setSpeedClass(5);
-    open(editor, EditCar, slow, [](const DialogUser&) {});
+    CCar before = porsche();
+    before.setSpeedClass(3);
+    open(editor, EditCar, before, [](const DialogUser&) {});
     for (const int noClass : {0, 6, -1}) {
         CCar car = porsche();
         car.setSpeedClass(noClass);
         open(editor, EditCar, car,
-             [](const DialogUser& user) { QCOMPARE(user.value("speedClass").toInt(), 4); });
-        QCOMPARE(car.speedClass(), 5);
+             [](const DialogUser& user) { QCOMPARE(user.value("speedClass").toInt(), 2); });
+        QCOMPARE(car.speedClass(), 3);
     }
 }
 
