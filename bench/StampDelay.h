@@ -101,6 +101,7 @@ double startedAt(Thread& thread, const Input& input, const QElapsedTimer& clock)
 {
     constexpr double Exact = 0.1; // ms
     constexpr int Attempts = 100;
+    constexpr double LongestWait = 5000; // ms since the clock began
     double seen = milliseconds(clock);
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         const unsigned before = input.reads();
@@ -109,8 +110,8 @@ double startedAt(Thread& thread, const Input& input, const QElapsedTimer& clock)
         do {
             unseen = seen;
             seen = milliseconds(clock);
-        } while (input.reads() == before);
-        if (seen - unseen < Exact)
+        } while (input.reads() == before && seen < LongestWait);
+        if (seen - unseen < Exact || seen >= LongestWait)
             break;
         thread.requestStop();
         thread.wait();
