@@ -138,8 +138,8 @@ void CDisplayTab::showSettings(const CSettings& settings)
     for (CFlagBox* flag : qAsConst(m_flags))
         flag->showSettings(settings);
     FormParts::check(*m_units, settings.speedDisplayType());
-    const int index = settings.displaySize() - 1;
-    m_size->setCurrentIndex(index >= 0 && index < m_size->count() ? index : 0);
+    const int size = settings.displaySize();
+    m_size->setCurrentIndex(size >= 1 && size <= m_size->count() ? size - 1 : 0);
     for (int track = 0; track < CSettings::Tracks; ++track)
         showTrackColor(track, settings.trackColor(track));
     showCommonColor(settings.colorBestLapAndStatus());
