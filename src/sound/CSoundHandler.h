@@ -12,8 +12,8 @@ class QSound;
  * The five short effects. One for the whole program, owned by the main dialog; main thread only.
  *
  * Each setter takes a file name (see soundFilePath() for one without a directory) and loads the
- * file at once, so that the first play has no delay. A file that can't be read is silent. An effect
- * whose file was never set must not be played; it is silent, too.
+ * file at once, so that the first play has no delay. A file that can't be read, or isn't whole, is
+ * silent. An effect whose file was never set must not be played; it is silent, too.
  *
  * The operations are virtual so that a test can put a recorder in this one's place.
  */

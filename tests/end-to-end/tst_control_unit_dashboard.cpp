@@ -239,8 +239,8 @@ void tst_control_unit_dashboard::aThousandLapsAreThoseOfTheUnitOnThePanelsInTheR
     VirtualUnit unit;
     QVERIFY(unit.start(carOptions() +
                        QStringList({"--laps", QString::number(Laps), "--speed-up", "16", "--light-step",
-                                    "6400", "--seed", "11", "--journal", journal, "--repeat", "10", "--noise",
-                                    "3", "--bad-checksum", "3", "--lost-end", "2"})));
+                                    "16000", "--seed", "11", "--journal", journal, "--repeat", "10",
+                                    "--noise", "3", "--bad-checksum", "3", "--lost-end", "2"})));
     startProgram(unit.path());
     driveRace(unit);
 
