@@ -24,6 +24,8 @@ private Q_SLOTS:
     void anInterfaceThatCannotBeRead();
     void aRacewayOfNonsense_data();
     void aRacewayOfNonsense();
+    void aCarOfNonsense_data() { aRacewayOfNonsense_data(); }
+    void aCarOfNonsense();
     void aFileThatIsNoDatabase_data();
     void aFileThatIsNoDatabase();
     void soundFilesThatCannotBePlayed_data();
@@ -165,6 +167,31 @@ void tst_bad_input::aRacewayOfNonsense()
     }
     program.stopRace();
     QVERIFY(!program.race().isRaceActive());
+}
+
+/** With the tank of the car, and its distance counted. */
+void tst_bad_input::aCarOfNonsense()
+{
+    QFETCH(QString, value);
+    StoredSetup setup;
+    CFuelSettings fuel;
+    fuel.setFuelFunction(CFuelSettings::FuelOfEachCar);
+    setup.rules.setFuelSettings(fuel);
+    setup.rules.setMonitorDistanceDriven(true);
+    setup.rules.setMonitorFastestLap(true);
+    setup.settings.setDisplayFuel(true);
+    setup.settings.setDisplaySpeed(true);
+    setup.write();
+    {
+        DatabaseFile file;
+        for (const char* column : {"name", "class", "scale", "tankSize", "tankReserveLevel", "minConsumption",
+                                   "maxConsumption", "distanceDriven"})
+            QVERIFY2(file.exec(QStringLiteral("UPDATE cars SET %1 = %2").arg(QLatin1String(column), value)),
+                     column);
+    }
+    start();
+    driveRace();
+    QCOMPARE(DatabaseFile().value("SELECT COUNT(*) FROM fastestLapTimes"), QString("1"));
 }
 
 void tst_bad_input::aFileThatIsNoDatabase_data()
