@@ -128,6 +128,7 @@ CDisplayTab::ColorChoice CDisplayTab::addColor(QGridLayout* grid, int row, const
     choice.button->setObjectName(name);
     choice.sample = FormParts::label(QStringLiteral("00:08:531"), this);
     choice.sample->setObjectName(name + QStringLiteral("Sample"));
+    grid->setColumnMinimumWidth(0, qMax(grid->columnMinimumWidth(0), FormParts::wholeWidth(choice.button)));
     grid->addWidget(choice.button, row, 0);
     grid->addWidget(choice.sample, row, 1);
     return choice;

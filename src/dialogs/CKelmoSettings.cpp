@@ -3,7 +3,9 @@
 #include "data/CCarList.h"
 #include "data/CDriverList.h"
 #include "data/CRacewayList.h"
+#include "dialogs/CCarEditorDlg.h"
 #include "dialogs/CDisplayTab.h"
+#include "dialogs/CDriverEditorDlg.h"
 #include "dialogs/CListTab.h"
 #include "dialogs/CNetworkTab.h"
 #include "dialogs/CQrCodeTab.h"
@@ -72,7 +74,12 @@ void CKelmoSettings::createControls()
     setStyleSheet(dialogStyleSheet());
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName(QStringLiteral("tabs"));
+    tabs->setUsesScrollButtons(false); // the window is wide enough for all of them
     createRacewayTab();
+    createCarTab();
+    createDriverTab();
+    m_carEditor = new CCarEditorDlg(this);
+    m_driverEditor = new CDriverEditorDlg(this);
     m_display = new CDisplayTab(this);
     m_sounds = new CSoundTab(this);
     m_storage = new CStorageTab(this);
@@ -82,6 +89,8 @@ void CKelmoSettings::createControls()
     connectSounds();
     connectOthers();
     tabs->addTab(m_raceways, tr("Rennstrecken"));
+    tabs->addTab(m_cars, tr("Fahrzeuge"));
+    tabs->addTab(m_drivers, tr("Fahrer"));
     tabs->addTab(m_display, tr("Anzeige"));
     tabs->addTab(m_sounds, tr("Töne"));
     tabs->addTab(m_storage, tr("Speichern"));

@@ -7,8 +7,10 @@
 #include <functional>
 #include <memory>
 
+class CCarEditorDlg;
 class CCarList;
 class CDisplayTab;
+class CDriverEditorDlg;
 class CDriverList;
 class CListTab;
 class CNetworkTab;
@@ -61,6 +63,20 @@ private Q_SLOTS:
     void vEditRaceway();
     void vDelRaceway();
     void vSetCurrent();
+    void vNewCar();
+    void vEditCar();
+    void vDelCar();
+    void vImportCars();
+    void vExportCars();
+    void vGenerateQrCodesCars();
+    void vGenerateQrCodesCar();
+    void vNewDriver();
+    void vEditDriver();
+    void vDelDriver();
+    void vImportDrivers();
+    void vExportDrivers();
+    void vGenerateQrCodesDrivers();
+    void vGenerateQrCodesDriver();
     void vUpdateDisplayShowIntermediateTimes(int state);
     void vUpdateDisplaySpeedType(int state);
     /** @param track from 0 */
@@ -86,8 +102,18 @@ private Q_SLOTS:
     void vQrCodeUpdateStates();
 
 private:
+    struct ListButton
+    {
+        const char* name;
+        QString text;
+        void (CKelmoSettings::*slot)();
+    };
+
     void createControls();
     void createRacewayTab();
+    void createCarTab();
+    void createDriverTab();
+    void addButtons(CListTab* tab, const QList<ListButton>& buttons);
     void connectDisplay();
     void connectSounds();
     void connectOthers();
@@ -96,7 +122,13 @@ private:
     void applyEnableRules();
     void selectSound(int sound, const QString& title);
     void showLists();
+    void showRaceways(int selectedRow = -1);
+    void showCars(int selectedRow = -1);
+    void showDrivers(int selectedRow = -1);
     bool isDeletionWanted(const QString& title, const QString& question);
+    QString fileToImport(const QString& title);
+    QString fileToExport(const QString& title, const QString& proposal);
+    QString fileForCodes(const QString& title, const QString& proposal);
 
     CSettings* m_settings; ///< not owned
     std::unique_ptr<CRacewayList> m_racewayList;
@@ -105,6 +137,10 @@ private:
     std::unique_ptr<CUserQuestions> m_questions;
     std::function<QStringList()> m_cameraNames;
     CListTab* m_raceways = nullptr;
+    CListTab* m_cars = nullptr;
+    CListTab* m_drivers = nullptr;
+    CCarEditorDlg* m_carEditor = nullptr;
+    CDriverEditorDlg* m_driverEditor = nullptr;
     CDisplayTab* m_display = nullptr;
     CSoundTab* m_sounds = nullptr;
     CStorageTab* m_storage = nullptr;

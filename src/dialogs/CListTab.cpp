@@ -2,7 +2,7 @@
 
 #include "dialogs/FormParts.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -11,16 +11,21 @@
 namespace {
 
 const QSize SmallestList(440, 320);
-constexpr int WidestColumn = 280; ///< so that a long name doesn't push the other columns out of sight
 constexpr int RowsMeasured = 100; ///< of a long list, to find the width of a column
-constexpr int SpaceInColumn = 12;
+
+constexpr int CaptionRow = 0;
+constexpr int ListRow = 1;
+constexpr int NoteRow = 2;
+constexpr int ListColumn = 0;
+constexpr int ButtonColumn = 1;
 
 } // namespace
 
-CListTab::CListTab(const char* treeName, const QString& caption, QWidget* parent)
+CListTab::CListTab(const char* treeName, const QString& caption, int nameColumn, QWidget* parent)
     : QWidget(parent),
       m_tree(new QTreeView(this)),
-      m_listColumn(new QVBoxLayout),
+      m_nameColumn(nameColumn),
+      m_grid(new QGridLayout(this)),
       m_buttonColumn(new QVBoxLayout)
 {
     m_tree->setObjectName(QLatin1String(treeName));
@@ -32,43 +37,47 @@ CListTab::CListTab(const char* treeName, const QString& caption, QWidget* parent
     m_tree->setAllColumnsShowFocus(true);
     m_tree->setUniformRowHeights(true); // else a long list measures each of its rows
     m_tree->header()->setResizeContentsPrecision(RowsMeasured);
+    m_tree->header()->setStretchLastSection(false);
     connect(m_tree, &QTreeView::doubleClicked, this, &CListTab::rowDoubleClicked);
 
-    m_listColumn->addWidget(FormParts::label(caption, this));
-    m_listColumn->addWidget(m_tree);
-    m_buttonColumn->addSpacing(fontMetrics().height() + SpaceInColumn);
     m_buttonColumn->addStretch();
-    auto* row = new QHBoxLayout(this);
-    row->addLayout(m_listColumn, 1);
-    row->addLayout(m_buttonColumn);
+    m_grid->addWidget(FormParts::label(caption, this), CaptionRow, ListColumn);
+    m_grid->addWidget(m_tree, ListRow, ListColumn);
+    m_grid->addLayout(m_buttonColumn, ListRow, ButtonColumn);
+    m_grid->setColumnStretch(ListColumn, 1);
 }
 
 void CListTab::addNote(const QString& text)
 {
-    m_listColumn->addWidget(FormParts::label(text, this));
+    m_grid->addWidget(FormParts::label(text, this), NoteRow, ListColumn);
 }
 
 QPushButton* CListTab::addButton(const char* name, const QString& text)
 {
     auto* button = FormParts::button<QPushButton>(name, text, this);
+    const int width = qMax(m_grid->columnMinimumWidth(ButtonColumn), FormParts::wholeWidth(button));
+    m_grid->setColumnMinimumWidth(ButtonColumn, width);
     m_buttonColumn->insertWidget(m_buttonColumn->count() - 1, button);
     return button;
 }
 
-void CListTab::showList(QAbstractItemModel* model)
+void CListTab::showList(QAbstractItemModel* model, int selectedRow)
 {
     m_tree->setModel(model);
-    m_tree->setCurrentIndex({});
     fitColumns();
+    const QModelIndex index = model->index(selectedRow, 0);
+    m_tree->setCurrentIndex(index);
+    if (index.isValid())
+        m_tree->scrollTo(index);
 }
 
+/** Also after a new query: a view forgets the columns of a model that was reset. */
 void CListTab::fitColumns()
 {
-    for (int column = 0; column < m_tree->model()->columnCount(); ++column) {
-        m_tree->resizeColumnToContents(column);
-        const int width = m_tree->columnWidth(column) + SpaceInColumn;
-        m_tree->setColumnWidth(column, qMin(width, WidestColumn));
-    }
+    QHeaderView* header = m_tree->header();
+    for (int column = 0; column < header->count(); ++column)
+        header->setSectionResizeMode(column, column == m_nameColumn ? QHeaderView::Stretch
+                                                                    : QHeaderView::ResizeToContents);
 }
 
 int CListTab::selectedRow() const
@@ -76,22 +85,4 @@ int CListTab::selectedRow() const
     const auto* selection = m_tree->selectionModel();
     const QModelIndexList rows = selection ? selection->selectedRows() : QModelIndexList();
     return rows.isEmpty() ? NoRow : rows.first().row();
-}
-
-void CListTab::selectRow(int row)
-{
-    const QModelIndex index = m_tree->model()->index(row, 0);
-    m_tree->setCurrentIndex(index);
-    if (index.isValid())
-        m_tree->scrollTo(index);
-}
-
-int CListTab::rowOfText(int column, const QString& text) const
-{
-    const QAbstractItemModel* model = m_tree->model();
-    for (int row = 0; row < model->rowCount(); ++row) {
-        if (model->index(row, column).data().toString() == text)
-            return row;
-    }
-    return NoRow;
 }

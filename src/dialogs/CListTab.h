@@ -4,7 +4,7 @@
 #include <QWidget>
 
 class QAbstractItemModel;
-class QLabel;
+class QGridLayout;
 class QPushButton;
 class QTreeView;
 class QVBoxLayout;
@@ -22,22 +22,23 @@ public:
     /**
      * @param treeName object name of the list
      * @param caption stands over the list
+     * @param nameColumn takes the room that the other columns leave
      */
-    CListTab(const char* treeName, const QString& caption, QWidget* parent = nullptr);
+    CListTab(const char* treeName, const QString& caption, int nameColumn, QWidget* parent = nullptr);
 
     /** Adds a text under the list. */
     void addNote(const QString& text);
     /** Adds a button under the last one. */
     QPushButton* addButton(const char* name, const QString& text);
 
-    /** Shows a model with a fresh query; no row is selected. @param model not owned */
-    void showList(QAbstractItemModel* model);
+    /**
+     * Shows a model with a fresh query.
+     * @param model not owned
+     * @param selectedRow brought into sight; one that there isn't selects none
+     */
+    void showList(QAbstractItemModel* model, int selectedRow = NoRow);
     /** @return NoRow if none is selected. */
     int selectedRow() const;
-    /** Selects a row and brings it into sight; a row that there isn't selects none. */
-    void selectRow(int row);
-    /** @return the first row with exactly that text in a column; NoRow if there is none. */
-    int rowOfText(int column, const QString& text) const;
 
 Q_SIGNALS:
     void rowDoubleClicked();
@@ -46,7 +47,8 @@ private:
     void fitColumns();
 
     QTreeView* m_tree;
-    QVBoxLayout* m_listColumn;
+    int m_nameColumn;
+    QGridLayout* m_grid;
     QVBoxLayout* m_buttonColumn;
 };
 

@@ -27,8 +27,7 @@ CQrCodeTab::CQrCodeTab(QWidget* parent)
     explanation->setWordWrap(true);
 
     auto* cameraRow = FormParts::indented(m_cameraCaption);
-    cameraRow->addWidget(m_camera);
-    cameraRow->addStretch();
+    cameraRow->addWidget(m_camera, 1);
     auto* column = new QVBoxLayout(this);
     column->addWidget(explanation);
     column->addSpacing(FormParts::Indent);

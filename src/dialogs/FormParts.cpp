@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QStyle>
 #include <QTimeEdit>
@@ -15,6 +16,7 @@ namespace {
 constexpr int SmallestLetters = 8;        ///< pixels
 constexpr int EdgesOfField = 2 * (1 + 2); ///< pixels: the border and what a line edit keeps free
 constexpr int Cursor = 1;
+constexpr int EdgesOfButton = 2 * (1 + 5 + 4); ///< pixels: border, padding and some air
 
 void markPlaceholder(QLineEdit* edit)
 {
@@ -36,6 +38,12 @@ namespace FormParts {
 QLabel* label(const QString& text, QWidget* parent)
 {
     return new QLabel(text, parent);
+}
+
+int wholeWidth(const QPushButton* button)
+{
+    const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+    return text.width() + EdgesOfButton;
 }
 
 void setPlaceholder(QLineEdit* edit, const QString& text)

@@ -8,6 +8,7 @@ class QDoubleSpinBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QSpinBox;
 class QTime;
 class QTimeEdit;
@@ -28,6 +29,8 @@ Button* button(const char* name, const QString& text, QWidget* parent)
 }
 
 QLabel* label(const QString& text, QWidget* parent);
+/** @return the width that shows a button's text whole: a style sheet's least width lets a layout clip it. */
+int wholeWidth(const QPushButton* button);
 /**
  * Says in an empty field what belongs there, dimmer than a text that really stands there: a style sheet
  * with a colour paints both alike.

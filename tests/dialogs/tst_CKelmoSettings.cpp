@@ -152,8 +152,8 @@ void tst_CKelmoSettings::titleTabsAndButtons()
         QStringList titles;
         for (int tab = 0; tab < tabs->count(); ++tab)
             titles.append(tabs->tabText(tab));
-        QCOMPARE(titles,
-                 QStringList({"Rennstrecken", "Anzeige", "Töne", "Speichern", "Netzwerk", "QR Code"}));
+        QCOMPARE(titles, QStringList({"Rennstrecken", "Fahrzeuge", "Fahrer", "Anzeige", "Töne", "Speichern",
+                                      "Netzwerk", "QR Code"}));
         QCOMPARE(user.control<QPushButton>("okButton")->text(), QString("&Ok"));
         QVERIFY(user.control<QPushButton>("okButton")->isDefault());
         QCOMPARE(user.control<QPushButton>("cancelButton")->text(), QString("&Abbrechen"));
@@ -796,6 +796,11 @@ void tst_CKelmoSettings::keyboardWalksFromTheTopToTheBottom_data()
     QTest::newRow("Rennstrecken") << 0
                                   << QStringList{"racewayTree", "newRaceway", "editRaceway", "deleteRaceway",
                                                  "useRaceway"};
+    QTest::newRow("Fahrzeuge") << 1 << QStringList{"carTree",    "newCar",     "editCar",   "deleteCar",
+                                                   "importCars", "exportCars", "qrCodeCar", "qrCodesCars"};
+    QTest::newRow("Fahrer") << 2 << QStringList{"driverTree",   "newDriver",     "editDriver",
+                                                "deleteDriver", "importDrivers", "exportDrivers",
+                                                "qrCodeDriver", "qrCodesDrivers"};
     QStringList display{"displayShowLaps",
                         "displayShowLapTime",
                         "displayShowBestLapTime",
@@ -809,20 +814,20 @@ void tst_CKelmoSettings::keyboardWalksFromTheTopToTheBottom_data()
                         "displaySize"};
     for (int slot = 1; slot <= 8; ++slot)
         display.append(QStringLiteral("colorSlot%1").arg(slot));
-    QTest::newRow("Anzeige") << 1 << display + QStringList{"colorBestLapAndStatus"};
-    QTest::newRow("Töne") << 2 << QStringList{"newBestLapSound",         "newBestLapSoundBrowse",
+    QTest::newRow("Anzeige") << 3 << display + QStringList{"colorBestLapAndStatus"};
+    QTest::newRow("Töne") << 4 << QStringList{"newBestLapSound",         "newBestLapSoundBrowse",
                                               "driveThroughSound",       "driveThroughSoundBrowse",
                                               "redLightSound",           "redLightSoundBrowse",
                                               "greenLightSound",         "greenLightSoundBrowse",
                                               "soundEnhanced",           "soundVoiceOutputLaps",
                                               "soundVoiceOutputLapTime", "soundVoiceOutputBestLapTime"};
-    QTest::newRow("Speichern") << 3
+    QTest::newRow("Speichern") << 5
                                << QStringList{"storageApproach1", "storageDefaultPath",
                                               "storageDefaultPathBrowse", "storageCsvTimeFormat0"};
-    QTest::newRow("Netzwerk") << 4
+    QTest::newRow("Netzwerk") << 6
                               << QStringList{"port", "sendShutdownToClients", "shutdownWaitTime",
                                              "clientsMuted"};
-    QTest::newRow("QR Code") << 5 << QStringList{"qrCodeHandlingEnabled", "qrCodeHandlingCamera"};
+    QTest::newRow("QR Code") << 7 << QStringList{"qrCodeHandlingEnabled", "qrCodeHandlingCamera"};
 }
 
 void tst_CKelmoSettings::keyboardWalksFromTheTopToTheBottom()

@@ -1,8 +1,7 @@
 #include "dialogs/CCarEditorDlg.h"
 #include "dialogs/CDriverEditorDlg.h"
 #include "dialogs/CRaceStartDlg.h"
-#include "shell/CTranslationCatalogue.h"
-#include "shell/MainDialogFixture.h"
+#include "dialogs/Dashboard.h"
 #include "support/DialogPicture.h"
 #include "support/ModalAnswers.h"
 
@@ -11,36 +10,12 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
-#include <QTranslator>
 
 Q_DECLARE_METATYPE(CCar)
 
 using DialogPicture::look;
 
 namespace {
-
-/** The main dialog with a raceway that can switch power, in a language. */
-class Dashboard
-{
-public:
-    explicit Dashboard(const QString& language)
-    {
-        if (language != "de" &&
-            CTranslationCatalogue::load(m_translator, QLocale(language), {TORNIK_BIN_DIR "/languages"}))
-            QCoreApplication::installTranslator(&m_translator);
-        m_fixture = std::make_unique<MainDialogFixture>();
-        CRaceway raceway = racewayWithTracks(2);
-        raceway.pwrOffFeatureAvailable = true;
-        m_fixture->setRaceway(raceway);
-    }
-
-    MainDialogFixture& operator*() const { return *m_fixture; }
-    MainDialogFixture* operator->() const { return m_fixture.get(); }
-
-private:
-    QTranslator m_translator;
-    std::unique_ptr<MainDialogFixture> m_fixture;
-};
 
 /** A car with every field, each number at its longest. */
 CCar fullCar()
