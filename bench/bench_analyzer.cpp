@@ -2,6 +2,7 @@
 // step lasts from the user's action until the window is painted; the longest of them all is how long the
 // window stands still. The yardstick is the bare statement behind the list, in the same run.
 
+#include "FreezeFigures.h"
 #include "results/CKelmoRaceAnalyzer.h"
 #include "shell/CKelmoMainDialog.h"
 #include "support/DatabaseFile.h"
@@ -11,15 +12,11 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QTreeView>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <map>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -54,45 +51,6 @@ bool fillDatabase()
                              "SELECT 1 + i % 2, 1 + i % 8, 1 + abs(random()) % 200, 1 + abs(random()) % 50, "
                              "5000 + abs(random()) % 60000 FROM n") &&
            file.exec("COMMIT");
-}
-
-class Figures
-{
-public:
-    template <typename Step>
-    void measure(const std::string& name, Step step)
-    {
-        QElapsedTimer timer;
-        timer.start();
-        step();
-        add(name, timer);
-    }
-    void add(const std::string& name, const QElapsedTimer& timer)
-    {
-        m_values[name].push_back(double(timer.nsecsElapsed()) / 1e6);
-    }
-    void tell(benchmark::State& state)
-    {
-        double longest = 0;
-        for (auto& [name, values] : m_values) {
-            std::sort(values.begin(), values.end());
-            state.counters[name + "_ms"] = values[values.size() / 2];
-            if (name != "bare_statement")
-                longest = std::max(longest, values.back());
-        }
-        state.counters["longest_freeze_ms"] = longest;
-        state.counters["at_most_ms"] = 1000;
-    }
-
-private:
-    std::map<std::string, std::vector<double>> m_values;
-};
-
-void painted(QWidget* window)
-{
-    QCoreApplication::sendPostedEvents();
-    window->repaint();
-    QCoreApplication::processEvents();
 }
 
 int bareStatement()

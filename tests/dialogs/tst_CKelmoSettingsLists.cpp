@@ -653,7 +653,8 @@ void tst_CKelmoSettingsLists::thousandAreAllInTheList()
 {
     QFETCH(ListTab, tab);
     {
-        const CCarList cars;
+        const CCarList cars; // each list has its default one, then
+        const CDriverList drivers;
     }
     const QString table = tab.tree == Cars.tree ? "cars" : "driver";
     DatabaseFile().exec("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
