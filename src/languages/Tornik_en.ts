@@ -1268,6 +1268,94 @@
         <source>Sind Sie sicher, dass Sie die Rennstrecke %1 löschen möchten?</source>
         <translation>Are you sure that you want to delete the raceway %1?</translation>
     </message>
+    <message>
+        <source>Fahrzeuge</source>
+        <translation>Cars</translation>
+    </message>
+    <message>
+        <source>Fahrer</source>
+        <translation>Driver</translation>
+    </message>
+    <message>
+        <source>Vorhandene Fahrzeuge:</source>
+        <translation>Cars:</translation>
+    </message>
+    <message>
+        <source>&amp;Importieren</source>
+        <translation>&amp;Import</translation>
+    </message>
+    <message>
+        <source>&amp;Exportieren</source>
+        <translation>E&amp;xport</translation>
+    </message>
+    <message>
+        <source>QR &amp;Code</source>
+        <translation>Q&amp;R code</translation>
+    </message>
+    <message>
+        <source>&amp;QR Code Liste</source>
+        <translation>&amp;QR code list</translation>
+    </message>
+    <message>
+        <source>Vorhandene Fahrer:</source>
+        <translation>Drivers:</translation>
+    </message>
+    <message>
+        <source>CSV-Datei (*.csv)</source>
+        <translation>CSV file (*.csv)</translation>
+    </message>
+    <message>
+        <source>PDF-Datei (*.pdf)</source>
+        <translation>PDF file (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Fahrzeug löschen</source>
+        <translation>Delete car</translation>
+    </message>
+    <message>
+        <source>Sind Sie sicher, dass Sie das Fahrzeug %1 löschen möchten?</source>
+        <translation>Are you sure that you want to delete the car %1?</translation>
+    </message>
+    <message>
+        <source>Datei mit Fahrzeugliste für Import wählen</source>
+        <translation>Choose the file with the list of cars to import</translation>
+    </message>
+    <message>
+        <source>Fahrzeugliste exportieren nach ...</source>
+        <translation>Export the list of cars to ...</translation>
+    </message>
+    <message>
+        <source>QR Code Liste für Fahrzeuge erstellen ...</source>
+        <translation>Create the QR code list of cars ...</translation>
+    </message>
+    <message>
+        <source>QR Code für Fahrzeug erstellen ...</source>
+        <translation>Create the QR code of a car ...</translation>
+    </message>
+    <message>
+        <source>Fahrer löschen</source>
+        <translation>Delete driver</translation>
+    </message>
+    <message>
+        <source>Sind Sie sicher, dass Sie den Fahrer %1 löschen möchten?</source>
+        <translation>Are you sure that you want to delete the driver %1?</translation>
+    </message>
+    <message>
+        <source>Datei mit Fahrerliste für Import wählen</source>
+        <translation>Choose the file with the list of drivers to import</translation>
+    </message>
+    <message>
+        <source>Fahrerliste exportieren nach ...</source>
+        <translation>Export the list of drivers to ...</translation>
+    </message>
+    <message>
+        <source>QR Code Liste für alle Fahrer erstellen ...</source>
+        <translation>Create the QR code list of all drivers ...</translation>
+    </message>
+    <message>
+        <source>QR Code für Fahrer erstellen ...</source>
+        <translation>Create the QR code of a driver ...</translation>
+    </message>
 </context>
 <context>
     <name>CMainMenu</name>
