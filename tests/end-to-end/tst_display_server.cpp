@@ -11,6 +11,8 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
 
 namespace {
@@ -120,6 +122,7 @@ private Q_SLOTS:
     void theMenuEntryShutsTheClientDownWithTheWaitTimeOfTheSettings();
     void theEndOfTheProgramStopsTheRaceAtTheClient();
     void aDisplayClientHasNoServer();
+    void theTrackPowerOfTheRaceComputerGoesNowhereInADisplay();
 };
 
 void tst_display_server::init()
@@ -281,6 +284,23 @@ void tst_display_server::aDisplayClientHasNoServer()
 {
     RunningProgram program(Windowed + QStringList{"--connect", "127.0.0.1:9"});
     QVERIFY(!program.main().server());
+}
+
+void tst_display_server::theTrackPowerOfTheRaceComputerGoesNowhereInADisplay()
+{
+    RunningProgram program(Windowed + QStringList{"--connect", "127.0.0.1:5002"});
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost, 5002));
+    QTRY_VERIFY_WITH_TIMEOUT(server.hasPendingConnections(), 20000);
+    const QString before = program.powerText(1);
+    QTcpSocket* line = server.nextPendingConnection();
+    for (const bool on : {true, false}) {
+        const QString next = QString("nach %1").arg(on);
+        line->write(DisplayRecord::framed(DisplayRecord::trackPower(0, on)) +
+                    DisplayRecord::framed(DisplayRecord::raceInfoText(next)));
+        QTRY_COMPARE(program.message(), next);
+        QCOMPARE(program.powerText(1), before);
+    }
 }
 
 int main(int argc, char* argv[])

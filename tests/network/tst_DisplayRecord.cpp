@@ -243,8 +243,11 @@ void tst_DisplayRecord::everySwitchOfTheRaceSettingsHasItsPlace()
     CRaceSettings on = FullRecords::raceSettings();
     set(on, true);
     const QByteArray record = DisplayRecord::raceSettings(on);
-    QCOMPARE(differences(DisplayRecord::raceSettings(off), record), QVector<int>{place});
+    const QByteArray recordOff = DisplayRecord::raceSettings(off);
+    QCOMPARE(differences(recordOff, record), QVector<int>{place});
     QCOMPARE(record.at(place), '\x01');
+    QCOMPARE(writtenAgain(record).toHex(), record.toHex());
+    QCOMPARE(writtenAgain(recordOff).toHex(), recordOff.toHex());
 }
 
 void tst_DisplayRecord::aNullTextAndAnEmptyTextDiffer()
