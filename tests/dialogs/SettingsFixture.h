@@ -15,12 +15,19 @@ class SettingsFixture
 public:
     using Work = std::function<void(const DialogUser&)>;
 
-    SettingsFixture()
+    enum Cameras
+    {
+        Told,       ///< those that a test puts into `cameras`
+        OfTheSystem ///< those that hang on the machine
+    };
+
+    explicit SettingsFixture(Cameras whichCameras = Told)
     {
         auto script = std::make_unique<CScriptedQuestions>();
         user = script.get();
         dialog()->setUserQuestions(std::move(script));
-        dialog()->setCameraNames([this] { return cameras; });
+        if (whichCameras == Told)
+            dialog()->setCameraNames([this] { return cameras; });
     }
 
     /** Leaves neither a file nor a setting of the test before. */
