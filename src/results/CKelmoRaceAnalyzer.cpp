@@ -5,6 +5,7 @@
 #include "data/CDriverList.h"
 #include "data/CFastestLapList.h"
 #include "data/CRacewayList.h"
+#include "qr/CQrCodeReaderDialog.h"
 #include "qr/QrTags.h"
 #include "results/CFastestLapSorter.h"
 #include "results/CLapTimeDelegate.h"
@@ -150,10 +151,10 @@ void CKelmoRaceAnalyzer::connectParts()
     connect(m_closeButton, &QPushButton::clicked, this, &CKelmoRaceAnalyzer::close);
 }
 
-void CKelmoRaceAnalyzer::showAnalyzer(const CSettings* settings, const std::function<QString()>& readQrCode)
+void CKelmoRaceAnalyzer::showAnalyzer(const CSettings* settings, CQrCodeReaderDialog* qrDialog)
 {
     m_settings = settings;
-    m_readQrCode = readQrCode;
+    m_qrDialog = qrDialog;
     fillRacewayBox();
     fillTrackBox();
     fillDriverBox();
@@ -256,7 +257,9 @@ void CKelmoRaceAnalyzer::vExportFastestLapList()
 
 void CKelmoRaceAnalyzer::showQrCodeDetectorDialog()
 {
-    const QString text = m_readQrCode ? m_readQrCode() : QString();
+    if (!m_qrDialog)
+        return;
+    const QString text = m_qrDialog->readCode();
     if (text.startsWith(qrTagCar)) {
         const int row = m_carList->rowOfName(text.mid(qrTagCar.size()));
         if (row != -1 && row < m_carList->count())

@@ -3,7 +3,6 @@
 
 #include <QDialog>
 
-#include <functional>
 #include <memory>
 
 class CCarList;
@@ -11,6 +10,7 @@ class CDatabase;
 class CDriverList;
 class CFastestLapList;
 class CFastestLapSorter;
+class CQrCodeReaderDialog;
 class CQrReaderButton;
 class CRacewayList;
 class CSettings;
@@ -37,9 +37,9 @@ public:
     /**
      * Fills the filters, shows the laps of the current raceway and runs the dialog modally.
      * @param settings not owned
-     * @param readQrCode shows the camera and returns the text of a code, empty for none; may be empty
+     * @param qrDialog reads a code from the camera; not owned, may be null
      */
-    void showAnalyzer(const CSettings* settings, const std::function<QString()>& readQrCode);
+    void showAnalyzer(const CSettings* settings, CQrCodeReaderDialog* qrDialog);
 
     /** Replaces the boxes that wait for the user, so that a test can answer. */
     void setUserQuestions(std::unique_ptr<CUserQuestions> questions);
@@ -83,7 +83,7 @@ private:
     CCarList* m_carList;
     const CSettings* m_settings = nullptr; ///< not owned; null until the first showAnalyzer()
     CFastestLapSorter* m_proxyModel;
-    std::function<QString()> m_readQrCode;
+    CQrCodeReaderDialog* m_qrDialog = nullptr; ///< not owned; null until the first showAnalyzer()
     std::unique_ptr<CUserQuestions> m_questions;
 };
 

@@ -7,6 +7,7 @@
 #include "dialogs/CKelmoSettings.h"
 #include "dialogs/CRaceStartDlg.h"
 #include "io/CKelmoPortSimulator.h"
+#include "qr/CQrCodeReaderDialog.h"
 #include "qr/QrTags.h"
 #include "race/CRace.h"
 #include "race/CRaceSettings.h"
@@ -47,6 +48,20 @@ const char StyleSheet[] =
     "border-radius: 0px; border-color: darkgray; padding: 5px; min-width: 5em;} QPushButton:pressed { "
     "background-color: transparent; border-style: inset;}";
 
+/** Reads codes by a function, without a camera. */
+class FunctionReader : public CQrCodeReaderDialog
+{
+public:
+    FunctionReader(const CSettings* settings, std::function<QString()> read)
+        : CQrCodeReaderDialog(settings), m_read(std::move(read))
+    {
+    }
+    QString readCode() override { return m_read(); }
+
+private:
+    std::function<QString()> m_read;
+};
+
 } // namespace
 
 CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSettings, QWidget* parent)
@@ -61,6 +76,7 @@ CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSetti
       m_raceStartDialog(new CRaceStartDlg(this)),
       m_raceStoreDialog(new CRaceStoreDlg(this)),
       m_raceAnalyzer(new CKelmoRaceAnalyzer(this)),
+      m_qrCodeReaderDialog(std::make_unique<CQrCodeReaderDialog>(settings)),
       m_questions(std::make_unique<CUserQuestions>())
 {
     setObjectName("mainDialog");
@@ -84,6 +100,11 @@ void CKelmoMainDialog::setSoundHandler(std::unique_ptr<CSoundHandler> soundHandl
 {
     m_soundHandler = std::move(soundHandler);
     loadSounds();
+}
+
+void CKelmoMainDialog::setQrCodeReader(std::function<QString()> read)
+{
+    m_qrCodeReaderDialog = std::make_unique<FunctionReader>(m_settings, std::move(read));
 }
 
 void CKelmoMainDialog::setUserQuestions(std::unique_ptr<CUserQuestions> questions)
@@ -284,7 +305,7 @@ void CKelmoMainDialog::takeListsAsTheyAre()
 
 void CKelmoMainDialog::showRaceAnalyzer()
 {
-    m_raceAnalyzer->showAnalyzer(m_settings, m_readQrCode);
+    m_raceAnalyzer->showAnalyzer(m_settings, m_qrCodeReaderDialog.get());
 }
 
 void CKelmoMainDialog::showAboutDialog()
@@ -309,10 +330,8 @@ void CKelmoMainDialog::raceStoreTrigger()
 
 void CKelmoMainDialog::showQrCodeDetectorDialog(CTrackDisplay* panel)
 {
-    if (!m_readQrCode)
-        return;
     const QPointer<CTrackDisplay> asking(panel); // a new raceway may come in while the camera looks
-    const QString text = m_readQrCode();
+    const QString text = m_qrCodeReaderDialog->readCode();
     if (asking)
         applyQrCode(asking, text);
 }
@@ -357,6 +376,7 @@ void CKelmoMainDialog::onSettingsChanged()
     loadSounds();
     m_panels->applySettings(m_driverList->nameModel(), m_carList->nameModel());
     vPublishDriversAndCarsToTrackDisplays();
+    m_qrCodeReaderDialog->setSettings(m_settings);
 }
 
 void CKelmoMainDialog::onRaceSettingsChanged()

@@ -18,6 +18,7 @@ class CKelmoRaceSettings;
 class CKelmoSettings;
 class CLights;
 class CMainMenu;
+class CQrCodeReaderDialog;
 class CRace;
 class CRaceSettings;
 class CRaceStartDlg;
@@ -52,10 +53,10 @@ public:
     void setSummaryDialog(CRaceSummaryDialog* dialog) { m_summaryDialog = dialog; }
     /** @param race gets the events of the simulator; not owned */
     void setRaceOfSimulator(CRace* race);
-    /** @param read shows the camera and returns the text of a code, empty for none */
-    void setQrCodeReader(std::function<QString()> read) { m_readQrCode = std::move(read); }
     /** Replaces the sounds, so that a test can listen; the files are set again. */
     void setSoundHandler(std::unique_ptr<CSoundHandler> soundHandler);
+    /** Replaces the window with the camera by a function, so that a test can say what is read. */
+    void setQrCodeReader(std::function<QString()> read);
     /** Replaces the boxes that wait for the user, so that a test can answer. */
     void setUserQuestions(std::unique_ptr<CUserQuestions> questions);
 
@@ -161,8 +162,8 @@ private:
     CRaceStartDlg* m_raceStartDialog;
     CRaceStoreDlg* m_raceStoreDialog; ///< stands ready; no entry uses it
     CKelmoRaceAnalyzer* m_raceAnalyzer;
+    std::unique_ptr<CQrCodeReaderDialog> m_qrCodeReaderDialog;
     CRaceSummaryDialog* m_summaryDialog = nullptr; ///< not owned
-    std::function<QString()> m_readQrCode;
     std::unique_ptr<CUserQuestions> m_questions;
     CMainMenu* m_menu = nullptr;
     CLights* m_lights = nullptr;

@@ -537,10 +537,13 @@ void tst_CKelmoRaceAnalyzer::withoutAReaderTheButtonDoesNothing()
 {
     AnalyzerFixture fixture;
     fixture.settings().setQrCodeHandlingEnabled(true);
-    fixture.show([&] {
+    fixture.modal.expect([&](QDialog* dialog) {
         QTest::mouseClick(fixture.analyzer->findChild<CQrReaderButton*>("qrButton"), Qt::LeftButton);
         QCOMPARE(fixture.rows(), TestbahnLaps);
+        dialog->close();
     });
+    fixture.analyzer->showAnalyzer(&fixture.settings(), nullptr);
+    QCOMPARE(fixture.modal.numberOfWindows(), 1);
 }
 
 void tst_CKelmoRaceAnalyzer::theKeyOfTheMenuOpensIt()
