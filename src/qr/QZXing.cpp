@@ -8,6 +8,7 @@
 #include <ZXing/ReadBarcode.h>
 #include <algorithm>
 #include <exception>
+#include <vector>
 
 namespace {
 
@@ -56,6 +57,68 @@ QString read(const QImage& grey, ZXing::Binarizer binarizer, int tryHarder)
     }
 }
 
+/** How a picture is made black and white where its light is poor. */
+struct LocalThreshold
+{
+    int smoothing;    ///< dots around a dot that count as one with it, against noise
+    int surroundings; ///< dots around a dot whose mean parts black from white, against shade and glare
+};
+
+constexpr LocalThreshold LocalThresholds[] = {{1, 20}, {2, 50}};
+
+/** Sums over any rectangle of a picture, in the time of four look-ups. */
+class RectangleSums
+{
+public:
+    explicit RectangleSums(const QImage& grey)
+        : m_width(grey.width()), m_height(grey.height()), m_sums(size_t(m_width + 1) * size_t(m_height + 1))
+    {
+        for (int y = 0; y < m_height; ++y) {
+            const uchar* line = grey.constScanLine(y);
+            quint64 row = 0;
+            for (int x = 0; x < m_width; ++x) {
+                row += line[x];
+                at(x + 1, y + 1) = at(x + 1, y) + row;
+            }
+        }
+    }
+
+    /** @return the mean of the square around a dot, as far as it lies in the picture. */
+    double mean(int x, int y, int radius) const
+    {
+        const int left = std::max(0, x - radius);
+        const int right = std::min(m_width, x + radius + 1);
+        const int top = std::max(0, y - radius);
+        const int bottom = std::min(m_height, y + radius + 1);
+        const quint64 sum = at(right, bottom) + at(left, top) - at(left, bottom) - at(right, top);
+        return double(sum) / ((right - left) * (bottom - top));
+    }
+
+private:
+    quint64& at(int x, int y) { return m_sums[size_t(y) * size_t(m_width + 1) + size_t(x)]; }
+    quint64 at(int x, int y) const { return m_sums[size_t(y) * size_t(m_width + 1) + size_t(x)]; }
+
+    int m_width;
+    int m_height;
+    std::vector<quint64> m_sums;
+};
+
+/** @return 0 for each dot darker than its surroundings, 255 for the others. */
+QImage blackAndWhite(const QImage& grey, const LocalThreshold& threshold)
+{
+    const RectangleSums sums(grey);
+    QImage image(grey.size(), QImage::Format_Grayscale8);
+    for (int y = 0; y < image.height(); ++y) {
+        uchar* line = image.scanLine(y);
+        for (int x = 0; x < image.width(); ++x) {
+            const bool isLight =
+                sums.mean(x, y, threshold.smoothing) >= sums.mean(x, y, threshold.surroundings);
+            line[x] = isLight ? 255 : 0;
+        }
+    }
+    return image;
+}
+
 QImage limited(const QImage& image, int maxWidth, int maxHeight, bool smooth)
 {
     const QSize limit(maxWidth > 0 ? maxWidth : image.width(), maxHeight > 0 ? maxHeight : image.height());
@@ -90,21 +153,26 @@ QString QZXing::decodeImage(const QImage& image, int maxWidth, int maxHeight, bo
 {
     if (image.isNull() || !(m_formats & DecodeQrCode))
         return QString();
-    QImage grey =
+    const QImage grey =
         limited(image, maxWidth, maxHeight, smoothTransformation).convertToFormat(QImage::Format_Grayscale8);
-    if (m_sourceFilters & NormalImage) {
-        const QString text = decodeFiltered(grey);
-        if (!text.isEmpty())
-            return text;
+    QString text = decodeFiltered(grey, ZXing::Binarizer::LocalAverage);
+    if (!(m_tryHarder & ThoroughScanning))
+        return text;
+    for (const LocalThreshold& threshold : LocalThresholds) {
+        if (text.isEmpty())
+            text = decodeFiltered(blackAndWhite(grey, threshold), ZXing::Binarizer::BoolCast);
     }
-    if (m_sourceFilters & InvertedImage) {
-        grey.invertPixels();
-        return decodeFiltered(grey);
-    }
-    return QString();
+    return text;
 }
 
-QString QZXing::decodeFiltered(const QImage& grey) const
+QString QZXing::decodeFiltered(QImage grey, ZXing::Binarizer binarizer) const
 {
-    return read(grey, ZXing::Binarizer::LocalAverage, m_tryHarder);
+    QString text;
+    if (m_sourceFilters & NormalImage)
+        text = read(grey, binarizer, m_tryHarder);
+    if (text.isEmpty() && (m_sourceFilters & InvertedImage)) {
+        grey.invertPixels();
+        text = read(grey, binarizer, m_tryHarder);
+    }
+    return text;
 }

@@ -5,6 +5,10 @@
 #include <QSize>
 #include <QString>
 
+namespace ZXing {
+enum class Binarizer : unsigned char;
+}
+
 /**
  * Makes and reads the picture of a code. The only place that knows the library behind it.
  *
@@ -64,7 +68,7 @@ public:
                         bool smoothTransformation = false) const;
 
 private:
-    QString decodeFiltered(const QImage& grey) const;
+    QString decodeFiltered(QImage grey, ZXing::Binarizer binarizer) const;
 
     int m_formats = DecodeQrCode;
     int m_sourceFilters = NormalImage;
