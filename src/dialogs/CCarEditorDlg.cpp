@@ -4,11 +4,11 @@
 #include "dialogs/CCarEditorConfigDlg.h"
 #include "dialogs/FormParts.h"
 #include "shell/DialogStyle.h"
+#include "wizard/CStrictIntValidator.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QGridLayout>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -54,7 +54,7 @@ QLineEdit* numberEdit(const char* name, int digits, int largest, int width, QWid
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setMaxLength(digits);
-    edit->setValidator(new QIntValidator(0, largest, edit));
+    edit->setValidator(new CStrictIntValidator(0, largest, edit));
     edit->setMaximumWidth(width);
     FormParts::fitLetters(edit, width, QString::number(largest).replace(QRegularExpression("."), "0"));
     return edit;

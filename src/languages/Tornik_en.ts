@@ -1274,7 +1274,7 @@
     </message>
     <message>
         <source>Fahrer</source>
-        <translation>Driver</translation>
+        <translation>Drivers</translation>
     </message>
     <message>
         <source>Vorhandene Fahrzeuge:</source>

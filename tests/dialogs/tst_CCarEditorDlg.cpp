@@ -3,6 +3,7 @@
 #include "support/DatabaseFile.h"
 
 #include <QIntValidator>
+#include <QScopeGuard>
 
 #include <limits>
 
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void numberFieldHasItsLimits();
     void numberFieldRefusesWhatIsNoNumberOfItsRange_data();
     void numberFieldRefusesWhatIsNoNumberOfItsRange();
+    void groupSeparatorsOfTheUsersLocaleAreNoPartOfANumber();
     void amountsHaveTheirRange();
     void speedClassesAreNumbered();
     void newCarShowsTheDefaults_data();
@@ -239,6 +241,23 @@ void tst_CCarEditorDlg::numberFieldRefusesWhatIsNoNumberOfItsRange()
         user.enter(qPrintable(field), typed);
         QTEST(user.value(qPrintable(field)).toString(), "shown");
     });
+}
+
+void tst_CCarEditorDlg::groupSeparatorsOfTheUsersLocaleAreNoPartOfANumber()
+{
+    const QLocale usual;
+    const auto restore = qScopeGuard([usual] { QLocale::setDefault(usual); });
+    for (const auto& [locale, typed] :
+         {std::pair("de_DE", QString("12.500")), std::pair("en_US", QString("12,500"))}) {
+        QLocale::setDefault(QLocale(locale));
+        CCarEditorDlg editor;
+        CCar car;
+        open(editor, NewCar, car, [&typed = typed](const DialogUser& user) {
+            user.enter("changeDistance", true);
+            user.enter("distanceDriven", typed);
+        });
+        QCOMPARE(car.distanceDriven(), 12500);
+    }
 }
 
 void tst_CCarEditorDlg::amountsHaveTheirRange()

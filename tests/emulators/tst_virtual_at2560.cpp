@@ -3,6 +3,8 @@
 #include <QSerialPort>
 #include <QtTest>
 
+#include <algorithm>
+
 class tst_virtual_at2560 : public QObject
 {
     Q_OBJECT
@@ -99,9 +101,14 @@ void tst_virtual_at2560::theJournalHoldsWhatWasReported()
         bytes += port.readAll();
     const QVector<Activation> journal = VirtualBox::journal(fileName);
     QCOMPARE(journal.size(), 6);
+    const auto isReported = [&bytes](const Activation& activation) {
+        return bytes.contains(
+            QStringLiteral(":S%1,%2;").arg(activation.input).arg(activation.stamp).toLatin1());
+    };
+    while (!std::all_of(journal.begin(), journal.end(), isReported) && port.waitForReadyRead(5000))
+        bytes += port.readAll();
     for (const Activation& activation : journal)
-        QVERIFY(bytes.contains(
-            QStringLiteral(":S%1,%2;").arg(activation.input).arg(activation.stamp).toLatin1()));
+        QVERIFY(isReported(activation));
 }
 
 void tst_virtual_at2560::badWordsAreRefused_data()
