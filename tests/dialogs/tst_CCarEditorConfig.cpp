@@ -1,4 +1,5 @@
 #include "dialogs/CCarEditorConfig.h"
+#include "support/StreamBytes.h"
 
 #include <QDataStream>
 #include <QSettings>
@@ -14,15 +15,6 @@ CCarEditorConfig unusualConfig()
         config.setTitleFreeField(index, QStringLiteral("Größe; Teil %1, \"neu\"").arg(index));
     }
     return config;
-}
-
-QByteArray streamForm(const CCarEditorConfig& config)
-{
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_5_5);
-    stream << config;
-    return bytes;
 }
 
 QString key(const QString& name)

@@ -1,4 +1,5 @@
 #include "shell/CSettings.h"
+#include "support/StreamBytes.h"
 
 #include <QDataStream>
 #include <QSettings>
@@ -41,24 +42,6 @@ CSettings unusualSettings()
     settings.setClientsMuted(false);
     settings.setQrCodeHandlingEnabled(true);
     settings.setQrCodeHandlingCamera("HD Webcam: 2");
-    return settings;
-}
-
-QByteArray streamForm(const CSettings& settings)
-{
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_5_5);
-    stream << settings;
-    return bytes;
-}
-
-CSettings fromStreamForm(const QByteArray& bytes)
-{
-    CSettings settings;
-    QDataStream stream(bytes);
-    stream.setVersion(QDataStream::Qt_5_5);
-    stream >> settings;
     return settings;
 }
 
@@ -292,7 +275,7 @@ void tst_CSettings::streamFormIsByteForByteAsTheProtocolWantsIt()
 
 void tst_CSettings::streamAndBackKeepsAllValues()
 {
-    const CSettings copy = fromStreamForm(streamForm(unusualSettings()));
+    const CSettings copy = fromStreamForm<CSettings>(streamForm(unusualSettings()));
     QCOMPARE(streamForm(copy), streamForm(unusualSettings()));
     QCOMPARE(copy.qrCodeHandlingCamera(), QString("HD Webcam: 2"));
     QCOMPARE(copy.colorBestLapAndStatus(), QString("#123456"));
@@ -304,7 +287,7 @@ void tst_CSettings::cutStreamDoesNoHarm()
 {
     const QByteArray bytes = streamForm(unusualSettings());
     for (int length = 0; length < bytes.size(); ++length) {
-        const CSettings settings = fromStreamForm(bytes.left(length));
+        const CSettings settings = fromStreamForm<CSettings>(bytes.left(length));
         QVERIFY(settings.trackColor(7).isEmpty() || settings.trackColor(7).startsWith('#'));
         QVERIFY(settings.qrCodeHandlingCamera().isEmpty());
     }
