@@ -48,20 +48,6 @@ const char StyleSheet[] =
     "border-radius: 0px; border-color: darkgray; padding: 5px; min-width: 5em;} QPushButton:pressed { "
     "background-color: transparent; border-style: inset;}";
 
-/** Reads codes by a function, without a camera. */
-class FunctionReader : public CQrCodeReaderDialog
-{
-public:
-    FunctionReader(const CSettings* settings, std::function<QString()> read)
-        : CQrCodeReaderDialog(settings), m_read(std::move(read))
-    {
-    }
-    QString readCode() override { return m_read(); }
-
-private:
-    std::function<QString()> m_read;
-};
-
 } // namespace
 
 CKelmoMainDialog::CKelmoMainDialog(CSettings* settings, CRaceSettings* raceSettings, QWidget* parent)
@@ -102,9 +88,9 @@ void CKelmoMainDialog::setSoundHandler(std::unique_ptr<CSoundHandler> soundHandl
     loadSounds();
 }
 
-void CKelmoMainDialog::setQrCodeReader(std::function<QString()> read)
+void CKelmoMainDialog::setQrCodeReaderDialog(std::unique_ptr<CQrCodeReaderDialog> dialog)
 {
-    m_qrCodeReaderDialog = std::make_unique<FunctionReader>(m_settings, std::move(read));
+    m_qrCodeReaderDialog = std::move(dialog);
 }
 
 void CKelmoMainDialog::setUserQuestions(std::unique_ptr<CUserQuestions> questions)

@@ -6,7 +6,6 @@
 #include <QDialog>
 #include <QTime>
 
-#include <functional>
 #include <memory>
 
 class CCarList;
@@ -55,8 +54,8 @@ public:
     void setRaceOfSimulator(CRace* race);
     /** Replaces the sounds, so that a test can listen; the files are set again. */
     void setSoundHandler(std::unique_ptr<CSoundHandler> soundHandler);
-    /** Replaces the window with the camera by a function, so that a test can say what is read. */
-    void setQrCodeReader(std::function<QString()> read);
+    /** Replaces the window with the camera, so that a test can say what is read. */
+    void setQrCodeReaderDialog(std::unique_ptr<CQrCodeReaderDialog> dialog);
     /** Replaces the boxes that wait for the user, so that a test can answer. */
     void setUserQuestions(std::unique_ptr<CUserQuestions> questions);
 

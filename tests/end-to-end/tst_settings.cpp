@@ -10,6 +10,7 @@
 #include "sound/RecordingSoundOutLib.h"
 #include "support/DatabaseFile.h"
 #include "support/DialogUser.h"
+#include "support/FunctionReader.h"
 #include "support/LoopbackNetwork.h"
 #include "support/ModalAnswers.h"
 #include "support/RecordingSounds.h"
@@ -403,10 +404,10 @@ void tst_settings::codesCanBeReadWhereTheyAreSwitchedOn()
     StoredSetup().write();
     RunningProgram program;
     int readings = 0;
-    program.dialog().setQrCodeReader([&readings] {
+    program.dialog().setQrCodeReaderDialog(std::make_unique<FunctionReader>([&readings] {
         ++readings;
         return QString("<drv>Ben");
-    });
+    }));
     program.pressKey(Qt::Key_1, Qt::AltModifier);
     QCOMPARE(readings, 0);
     QVERIFY(!isShown(program, "driverQrButton"));

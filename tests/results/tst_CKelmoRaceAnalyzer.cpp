@@ -2,6 +2,7 @@
 #include "results/CLapTimeDelegate.h"
 #include "shell/CQrReaderButton.h"
 #include "shell/CTranslationCatalogue.h"
+#include "support/FunctionReader.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -467,7 +468,7 @@ void tst_CKelmoRaceAnalyzer::aCodeSetsItsFilter()
     QFETCH(const QString, car);
     AnalyzerFixture fixture;
     fixture.settings().setQrCodeHandlingEnabled(true);
-    fixture.window().setQrCodeReader([&] { return code; });
+    fixture.window().setQrCodeReaderDialog(std::make_unique<FunctionReader>([&] { return code; }));
     fixture.show([&] {
         auto* qrButton = fixture.analyzer->findChild<CQrReaderButton*>("qrButton");
         QTest::mouseClick(qrButton, Qt::LeftButton);
@@ -503,10 +504,10 @@ void tst_CKelmoRaceAnalyzer::aCodeThatFitsNothingChangesNothing()
     AnalyzerFixture fixture;
     fixture.settings().setQrCodeHandlingEnabled(true);
     int readings = 0;
-    fixture.window().setQrCodeReader([&] {
+    fixture.window().setQrCodeReaderDialog(std::make_unique<FunctionReader>([&] {
         ++readings;
         return code;
-    });
+    }));
     fixture.show([&] {
         fixture.choose("driverFilter", "Anna");
         fixture.choose("carFilter", "GT");
@@ -523,7 +524,8 @@ void tst_CKelmoRaceAnalyzer::aCodeOfACarThatWasDeletedLeavesTheFilters()
 {
     AnalyzerFixture fixture;
     fixture.settings().setQrCodeHandlingEnabled(true);
-    fixture.window().setQrCodeReader([] { return QString("<car>LMP"); });
+    fixture.window().setQrCodeReaderDialog(
+        std::make_unique<FunctionReader>([] { return QString("<car>LMP"); }));
     QVERIFY(DatabaseFile().exec("DELETE FROM cars WHERE name = 'LMP'"));
     fixture.show([&] {
         fixture.choose("carFilter", "GT");

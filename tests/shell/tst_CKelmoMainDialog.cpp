@@ -8,6 +8,7 @@
 #include "shell/MainDialogFixture.h"
 #include "sound/CSoundOutput.h"
 #include "sound/SoundOutLib.h"
+#include "support/FunctionReader.h"
 #include "support/ModalAnswers.h"
 
 #include <QCryptographicHash>
@@ -1122,7 +1123,8 @@ void tst_CKelmoMainDialog::qrCodeOfACarSelectsIt()
     MainDialogFixture fixture;
     fixture.setRaceway(racewayWithTracks(2));
     fixture.settings.setQrCodeHandlingEnabled(true);
-    fixture.dialog.setQrCodeReader([] { return QString("<car>Pfeil"); });
+    fixture.dialog.setQrCodeReaderDialog(
+        std::make_unique<FunctionReader>([] { return QString("<car>Pfeil"); }));
     fixture.driverBox(2)->setCurrentText("Anna");
     fixture.trigger("qrCodeShortcutTrack2");
     QCOMPARE(fixture.carBox(2)->currentText(), QString("Pfeil"));
@@ -1136,7 +1138,8 @@ void tst_CKelmoMainDialog::qrCodeOfADriverSelectsHim()
     MainDialogFixture fixture;
     fixture.setRaceway(racewayWithTracks(2));
     fixture.settings.setQrCodeHandlingEnabled(true);
-    fixture.dialog.setQrCodeReader([] { return QString("<drv>Ben"); });
+    fixture.dialog.setQrCodeReaderDialog(
+        std::make_unique<FunctionReader>([] { return QString("<drv>Ben"); }));
     fixture.trigger("qrCodeShortcutTrack1");
     QCOMPARE(fixture.driverBox(1)->currentText(), QString("Ben"));
 }
@@ -1161,7 +1164,7 @@ void tst_CKelmoMainDialog::unknownQrCodesChangeNothing()
     fixture.settings.setQrCodeHandlingEnabled(true);
     fixture.driverBox(1)->setCurrentText("Anna");
     fixture.carBox(1)->setCurrentText("Blitz");
-    fixture.dialog.setQrCodeReader([code] { return code; });
+    fixture.dialog.setQrCodeReaderDialog(std::make_unique<FunctionReader>([code] { return code; }));
     fixture.trigger("qrCodeShortcutTrack1");
     QCOMPARE(fixture.driverBox(1)->currentText(), QString("Anna"));
     QCOMPARE(fixture.carBox(1)->currentText(), QString("Blitz"));
@@ -1175,10 +1178,10 @@ void tst_CKelmoMainDialog::qrKeysReadForTheirTrack()
     fixture.settings.setQrCodeHandlingEnabled(true);
     fixture.dialog.onSettingsChanged();
     int reads = 0;
-    fixture.dialog.setQrCodeReader([&reads] {
+    fixture.dialog.setQrCodeReaderDialog(std::make_unique<FunctionReader>([&reads] {
         ++reads;
         return QString("<drv>Default");
-    });
+    }));
     QVERIFY(fixture.activate());
     for (int number = 1; number <= 8; ++number) {
         QCOMPARE(fixture.driverBox(number)->currentText(), QString("Anna"));
@@ -1194,10 +1197,10 @@ void tst_CKelmoMainDialog::qrKeysDoNothingWhileDisabledOrRacing()
     fixture.setRaceway(racewayWithTracks(2));
     QVERIFY(fixture.activate());
     int reads = 0;
-    fixture.dialog.setQrCodeReader([&reads] {
+    fixture.dialog.setQrCodeReaderDialog(std::make_unique<FunctionReader>([&reads] {
         ++reads;
         return QString();
-    });
+    }));
     fixture.settings.setQrCodeHandlingEnabled(false);
     fixture.pressKey(Qt::Key_1, Qt::AltModifier);
     fixture.settings.setQrCodeHandlingEnabled(true);
@@ -1216,10 +1219,10 @@ void tst_CKelmoMainDialog::qrCodeForAPanelThatIsGoneChangesNothing()
     MainDialogFixture fixture;
     fixture.setRaceway(racewayWithTracks(2));
     fixture.settings.setQrCodeHandlingEnabled(true);
-    fixture.dialog.setQrCodeReader([&fixture] {
+    fixture.dialog.setQrCodeReaderDialog(std::make_unique<FunctionReader>([&fixture] {
         fixture.setRaceway(racewayWithTracks(1));
         return QString("<car>Blitz");
-    });
+    }));
     const int before = fixture.carBox(1)->currentIndex();
     fixture.trigger("qrCodeShortcutTrack2");
     fixture.setRaceway(racewayWithTracks(2));
@@ -1232,7 +1235,8 @@ void tst_CKelmoMainDialog::qrButtonOfAPanelReadsForIt()
     addDriversAndCars();
     MainDialogFixture fixture;
     fixture.setRaceway(racewayWithTracks(2));
-    fixture.dialog.setQrCodeReader([] { return QString("<car>Blitz"); });
+    fixture.dialog.setQrCodeReaderDialog(
+        std::make_unique<FunctionReader>([] { return QString("<car>Blitz"); }));
     fixture.track(2)->findChild<QAbstractButton*>("carQrButton")->click();
     QCOMPARE(fixture.carBox(2)->currentText(), QString("Blitz"));
     QCOMPARE(fixture.carBox(1)->currentIndex(), 0);
