@@ -93,9 +93,10 @@ void CQrCodeReaderDialog::useCamera(std::unique_ptr<QCamera> camera)
 void CQrCodeReaderDialog::dropCamera()
 {
     m_reader->stop();
+    m_camera->stop();
     m_camerasInUse.push_back(std::move(m_camera));
     if (m_captures == 0)
-        m_camerasInUse.clear(); // stops it, too
+        m_camerasInUse.clear();
 }
 
 void CQrCodeReaderDialog::captureEnded()
@@ -111,17 +112,31 @@ void CQrCodeReaderDialog::threadEnded()
         m_readerThread->start();
 }
 
+/** A camera that was unplugged is none, and one that was plugged in again is there. */
+void CQrCodeReaderDialog::lookForCamera()
+{
+    const QString wanted = m_settings->qrCodeHandlingCamera();
+    const QList<QCameraInfo> cameras =
+        wanted.isEmpty() ? QList<QCameraInfo>() : QCameraInfo::availableCameras();
+    const bool isThere = std::any_of(cameras.begin(), cameras.end(), [&](const QCameraInfo& camera) {
+        return camera.description() == wanted;
+    });
+    if (m_camera && (!isThere || !m_camera->isAvailable()))
+        dropCamera();
+    if (!m_camera && isThere)
+        applyCameraFromSettings();
+}
+
 QString CQrCodeReaderDialog::readCode()
 {
     m_result = QString();
+    lookForCamera();
     if (!m_camera) {
         tellProblem(tr("Die konfigurierte Kamera konnte nicht gefunden werden."));
         return m_result;
     }
     if (!m_camera->isAvailable()) {
         tellProblem(tr("Auf die Kamera konnte nicht zugegriffen werden."));
-        dropCamera(); // it never comes back by itself; the next reading finds it if it is there again
-        applyCameraFromSettings();
         return m_result;
     }
     m_camera->start();

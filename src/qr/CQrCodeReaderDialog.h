@@ -46,6 +46,7 @@ private Q_SLOTS:
 
 private:
     void createReader();
+    void lookForCamera();
     void useCamera(std::unique_ptr<QCamera> camera);
     void dropCamera();
     void captureEnded();

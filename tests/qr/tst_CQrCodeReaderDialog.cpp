@@ -124,6 +124,8 @@ private Q_SLOTS:
     void closedAndOpenedAgainAtOnceManyTimes();
     void aCameraThatVanishesShowsNoMoreUntilTheWindowIsClosed();
     void aCameraThatIsPluggedInAgainIsFound();
+    void anUnusedCameraThatIsUnpluggedIsNotFoundBesideAnotherOne();
+    void aCameraThatWasMissedIsFoundWhenItIsPluggedInAgain();
     void theCameraIsLeftRunning();
     void aCameraChangedDuringAReadingDoesNoHarm();
     void theDialogCanGoWhileItReads();
@@ -285,7 +287,7 @@ void tst_CQrCodeReaderDialog::aCameraThatVanishesShowsNoMoreUntilTheWindowIsClos
         fixture.dialog->close();
     });
     QCOMPARE(text, QString());
-    QCOMPARE(fixture.problem(), NoAccess);
+    QCOMPARE(fixture.problem(), NotFound);
 }
 
 void tst_CQrCodeReaderDialog::aCameraThatIsPluggedInAgainIsFound()
@@ -298,7 +300,23 @@ void tst_CQrCodeReaderDialog::aCameraThatIsPluggedInAgainIsFound()
         fixture.dialog->close();
     });
     fixture.cameras.plug("a", CameraText);
-    QCOMPARE(fixture.problem(), NoAccess); // the one that was there before
+    QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
+}
+
+void tst_CQrCodeReaderDialog::anUnusedCameraThatIsUnpluggedIsNotFoundBesideAnotherOne()
+{
+    ReaderFixture fixture;
+    fixture.cameras.plug("b", "Zweite");
+    fixture.cameras.unplug("a");
+    QCOMPARE(fixture.problem(), NotFound);
+}
+
+void tst_CQrCodeReaderDialog::aCameraThatWasMissedIsFoundWhenItIsPluggedInAgain()
+{
+    ReaderFixture fixture;
+    fixture.cameras.unplug("a");
+    QCOMPARE(fixture.problem(), NotFound);
+    fixture.cameras.plug("a", CameraText);
     QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
 }
 
