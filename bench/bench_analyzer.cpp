@@ -5,18 +5,13 @@
 #include "FreezeFigures.h"
 #include "results/CKelmoRaceAnalyzer.h"
 #include "shell/CKelmoMainDialog.h"
-#include "support/DatabaseFile.h"
 #include "support/ModalAnswers.h"
 #include "support/ScriptedQuestions.h"
 #include "support/StoredSetup.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QTreeView>
-
-#include <benchmark/benchmark.h>
-#include <string>
 
 namespace {
 
@@ -37,34 +32,15 @@ bool fillDatabase()
     StoredSetup setup(8);
     setup.write();
     DatabaseFile file;
-    const auto rows = [&file](int count, const char* statement) {
-        return file.exec(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
-                                        "WHERE i < %1) ")
-                             .arg(count) +
-                         statement);
-    };
     return file.exec("BEGIN") && file.exec("DELETE FROM driver") && file.exec("DELETE FROM cars") &&
-           rows(Drivers, "INSERT INTO driver(id, name) SELECT i, 'Fahrer Nr. ' || i FROM n") &&
-           rows(Cars, "INSERT INTO cars(id, name) SELECT i, 'Wagen ' || i FROM n") &&
+           insertRows(file, Drivers, "INSERT INTO driver(id, name) SELECT i, 'Fahrer Nr. ' || i FROM n") &&
+           insertRows(file, Cars, "INSERT INTO cars(id, name) SELECT i, 'Wagen ' || i FROM n") &&
            file.exec("INSERT INTO raceways(name, noOfTracks, currentRw) VALUES('Zweitbahn', 2, '')") &&
-           rows(2 * Records, "INSERT INTO fastestLapTimes(racewayId, trackId, carId, driverId, time) "
-                             "SELECT 1 + i % 2, 1 + i % 8, 1 + abs(random()) % 200, 1 + abs(random()) % 50, "
-                             "5000 + abs(random()) % 60000 FROM n") &&
+           insertRows(file, 2 * Records,
+                      "INSERT INTO fastestLapTimes(racewayId, trackId, carId, driverId, time) "
+                      "SELECT 1 + i % 2, 1 + i % 8, 1 + abs(random()) % 200, 1 + abs(random()) % 50, "
+                      "5000 + abs(random()) % 60000 FROM n") &&
            file.exec("COMMIT");
-}
-
-int bareStatement()
-{
-    QSqlQuery query;
-    query.setForwardOnly(true);
-    query.exec(ListStatement);
-    int rows = 0;
-    while (query.next()) {
-        for (int column = 0; column < 4; ++column)
-            benchmark::DoNotOptimize(query.value(column));
-        ++rows;
-    }
-    return rows;
 }
 
 void useAnalyzer(CKelmoRaceAnalyzer* analyzer, Figures& figures)
@@ -122,7 +98,7 @@ void aLongList(benchmark::State& state)
         Figures figures;
         for (auto _ : state) {
             int rows = 0;
-            figures.measure("bare_statement", [&rows] { rows = bareStatement(); });
+            figures.measure("bare_statement", [&rows] { rows = readRows(ListStatement, 4); });
             if (rows != Records)
                 state.SkipWithError("not the list that was meant");
             ModalAnswers user;
@@ -147,8 +123,5 @@ BENCHMARK(aLongList)->Iterations(Rounds)->Unit(benchmark::kMillisecond)->UseReal
 
 int main(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWithWindows(argc, argv);
 }

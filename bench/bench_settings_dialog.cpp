@@ -6,12 +6,10 @@
 #include "dialogs/CKelmoSettings.h"
 #include "race/CRaceSettings.h"
 #include "shell/CKelmoMainDialog.h"
-#include "support/DatabaseFile.h"
 #include "support/ModalAnswers.h"
 #include "support/ScriptedQuestions.h"
 #include "support/StoredSetup.h"
 
-#include <QApplication>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTreeView>
@@ -21,36 +19,20 @@ namespace {
 constexpr int Entries = 1000;
 constexpr int Rounds = 5;
 
+const char ListStatement[] = "SELECT name, scale, distanceDriven FROM cars ORDER BY name ASC";
+
 bool fillDatabase()
 {
     StoredSetup setup(8);
     setup.write();
     DatabaseFile file;
-    const auto rows = [&file](int count, const char* statement) {
-        return file.exec(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
-                                        "WHERE i < %1) ")
-                             .arg(count) +
-                         statement);
-    };
     return file.exec("BEGIN") &&
-           rows(Entries, "INSERT INTO cars(name, scale) SELECT 'Wagen ' || i, 32 FROM n") &&
-           rows(Entries, "INSERT INTO driver(name) SELECT 'Fahrer Nr. ' || i FROM n") &&
-           rows(50, "INSERT INTO raceways(name, noOfTracks, currentRw) SELECT 'Bahn ' || i, 2, '' FROM n") &&
+           insertRows(file, Entries, "INSERT INTO cars(name, scale) SELECT 'Wagen ' || i, 32 FROM n") &&
+           insertRows(file, Entries, "INSERT INTO driver(name) SELECT 'Fahrer Nr. ' || i FROM n") &&
+           insertRows(
+               file, 50,
+               "INSERT INTO raceways(name, noOfTracks, currentRw) SELECT 'Bahn ' || i, 2, '' FROM n") &&
            file.exec("COMMIT");
-}
-
-int bareStatement()
-{
-    QSqlQuery query;
-    query.setForwardOnly(true);
-    query.exec("SELECT name, scale, distanceDriven FROM cars ORDER BY name ASC");
-    int rows = 0;
-    while (query.next()) {
-        for (int column = 0; column < 3; ++column)
-            benchmark::DoNotOptimize(query.value(column));
-        ++rows;
-    }
-    return rows;
 }
 
 void useDialog(QDialog* dialog, Figures& figures)
@@ -108,7 +90,7 @@ void aThousandCars(benchmark::State& state)
         main.show();
         painted(&main);
         figures.measure("bare_statement", [&state] {
-            if (bareStatement() < Entries / 2)
+            if (readRows(ListStatement, 3) < Entries / 2)
                 state.SkipWithError("not the list that was meant");
         });
         openAndUse(main, figures, "open_first");
@@ -124,8 +106,5 @@ BENCHMARK(aThousandCars)->Iterations(Rounds)->Unit(benchmark::kMillisecond)->Use
 
 int main(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWithWindows(argc, argv);
 }

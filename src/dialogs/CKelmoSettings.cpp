@@ -170,6 +170,8 @@ void CKelmoSettings::showSettings()
 
 void CKelmoSettings::storeSettings()
 {
+    if (!layout())
+        return; // never opened: there is nothing that a user could have entered
     m_display->storeSettings(*m_settings);
     m_sounds->storeSettings(*m_settings);
     m_storage->storeSettings(*m_settings);

@@ -56,6 +56,8 @@ Q_SIGNALS:
     void raceTrackChanged();
 
 public Q_SLOTS:
+    /** Takes what the controls show into the live settings and the store. Does nothing before the first
+     * run(). */
     void storeSettings();
 
 private Q_SLOTS:

@@ -245,19 +245,31 @@ void tst_CKelmoRaceSettingsFiles::driversCarsAndRacewayStay()
 
 void tst_CKelmoRaceSettingsFiles::cancellingKeepsTheLiveRecordAlsoAfterDefaultsAndImport()
 {
+    const auto withLaps = [](int laps) {
+        CRaceSettings rules = ordinaryRules();
+        rules.setStartType(CRaceSettings::TimedStart);
+        rules.setNumberOfLaps(laps);
+        return rules;
+    };
+    withLaps(33).writeDefaults();
+    withLaps(44).writeToFile("rules.rsf");
     CRaceSettings rules = ordinaryRules();
-    CRaceSettings other = ordinaryRules();
-    other.setStartType(CRaceSettings::TimedStart);
-    other.writeToFile("rules.rsf");
     const QByteArray before = bytesOf(rules);
-    for (const char* button : {"defaultsButton", "importButton"}) {
+    for (const auto& [button, laps] : {std::pair("defaultsButton", 33), std::pair("importButton", 44)}) {
         CKelmoRaceSettings dialog(&rules);
         answer(dialog, "rules.rsf");
-        const auto work = [button](const DialogUser& user) { user.press(button); };
+        const auto work = [button = button, laps = laps](const DialogUser& user) {
+            QVERIFY(user.value("startTypeNone").toBool());
+            user.press(button);
+            QVERIFY(user.value("startTypeTimed").toBool());
+            QCOMPARE(user.value("numberOfLaps").toInt(), laps);
+        };
         QCOMPARE(open(dialog, work, "cancelButton"), int(QDialog::Rejected));
         QCOMPARE(bytesOf(rules), before);
     }
-    QVERIFY(!QSettings("Tornik", "Tornik").contains("DefaultRaceSettings/startType"));
+    CRaceSettings stored;
+    stored.readDefaults();
+    QCOMPARE(stored.toText(), withLaps(33).toText());
 }
 
 QTEST_MAIN(tst_CKelmoRaceSettingsFiles)

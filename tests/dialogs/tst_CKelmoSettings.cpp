@@ -135,6 +135,7 @@ private Q_SLOTS:
     void keyboardWalksFromTheTopToTheBottom_data();
     void keyboardWalksFromTheTopToTheBottom();
     void dialogMakesItsControlsAtItsFirstOpening();
+    void storingBeforeTheFirstOpeningKeepsEverything();
 };
 
 void tst_CKelmoSettings::init()
@@ -871,6 +872,19 @@ void tst_CKelmoSettings::dialogMakesItsControlsAtItsFirstOpening()
     QVERIFY(!controls.isEmpty());
     fixture.openAndCancel([](const DialogUser&) {});
     QCOMPARE(fixture.dialog()->findChildren<QWidget*>().size(), controls.size());
+}
+
+void tst_CKelmoSettings::storingBeforeTheFirstOpeningKeepsEverything()
+{
+    store(to(&CSettings::setPort, quint16(8080)));
+    SettingsFixture fixture;
+    fixture.main.settings.setPort(1234);
+    const QByteArray live = bytesOf(fixture.main.settings);
+    const QByteArray stored = bytesOf(storedSettings());
+    fixture.dialog()->storeSettings();
+    QCOMPARE(bytesOf(fixture.main.settings), live);
+    QCOMPARE(bytesOf(storedSettings()), stored);
+    QCOMPARE(fixture.dialog()->result(), int(QDialog::Rejected));
 }
 
 QTEST_MAIN(tst_CKelmoSettings)
