@@ -20,6 +20,9 @@
 
 namespace FuzzTarget {
 
+/** Each target's own: reads bytes of any kind and verifies what holds for them all. */
+void read(const QByteArray& bytes);
+
 /** Makes the one application object, silent. */
 inline void prepare(int* argc, char*** argv)
 {

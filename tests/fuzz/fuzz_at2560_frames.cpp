@@ -53,15 +53,8 @@ void checkPass(const EventRecorder::Pass& pass)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+void FuzzTarget::read(const QByteArray& bytes)
 {
-    FuzzTarget::prepare(argc, argv);
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
-{
-    const QByteArray bytes(reinterpret_cast<const char*>(data), int(size));
     const QStringList frames = framesOf({bytes});
     FUZZ_VERIFY(frames == framesOf(FuzzTarget::pieces(bytes)));
     static HalfAssignedIo io;
@@ -69,5 +62,4 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
         FUZZ_VERIFY(frame.startsWith(':') && frame.size() <= LongestFrame);
         checkPass(passOf(&io, frame));
     }
-    return 0;
 }

@@ -48,15 +48,8 @@ void checkFrame(CCarreraCuIo* io, const QString& frame)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+void FuzzTarget::read(const QByteArray& bytes)
 {
-    FuzzTarget::prepare(argc, argv);
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
-{
-    const QByteArray bytes(reinterpret_cast<const char*>(data), int(size));
     static CCarreraCuIo io;
     for (const QString& frame : framesOf({bytes}))
         checkFrame(&io, frame);
@@ -64,5 +57,4 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
         checkFrame(&io, frame);
     for (const QByteArray& frame : bytes.split('\n')) // whatever its checksum is
         checkFrame(&io, QString::fromLatin1(frame));
-    return 0;
 }

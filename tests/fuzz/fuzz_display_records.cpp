@@ -41,16 +41,8 @@ void readInPieces(const QByteArray& bytes)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+void FuzzTarget::read(const QByteArray& bytes)
 {
-    FuzzTarget::prepare(argc, argv);
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
-{
-    const QByteArray bytes(reinterpret_cast<const char*>(data), int(size));
     readWhole(bytes);
     readInPieces(bytes);
-    return 0;
 }

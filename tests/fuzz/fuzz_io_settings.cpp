@@ -7,12 +7,12 @@
 namespace {
 
 /** Holds the shared devices, which look for their libraries whenever they are made. */
-void holdDevices()
+struct HeldDevices
 {
-    static const CParallelPortIo port;
-    static const CIoWarriorIo chip;
-    static const CRaceControlIo boxes;
-}
+    CParallelPortIo port;
+    CIoWarriorIo chip;
+    CRaceControlIo boxes;
+};
 
 void checkMasks(CRacewayIo* io)
 {
@@ -30,16 +30,9 @@ void checkMasks(CRacewayIo* io)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+void FuzzTarget::read(const QByteArray& blob)
 {
-    FuzzTarget::prepare(argc, argv);
-    holdDevices();
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
-{
-    const QByteArray blob(reinterpret_cast<const char*>(data), int(size));
+    static const HeldDevices devices;
     const std::unique_ptr<CRacewayIo> io = CRacewayIoFactory::createFromSettings(blob);
     FUZZ_VERIFY(io && io->interfaceType() >= CRacewayIo::ParallelPort &&
                 io->interfaceType() <= CRacewayIo::LtAt2560);
@@ -48,5 +41,4 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
         io->setOutput(id, id % 2 == 0);
     const QByteArray written = io->writeSettings();
     FUZZ_VERIFY(CRacewayIoFactory::createFromSettings(written)->writeSettings() == written);
-    return 0;
 }

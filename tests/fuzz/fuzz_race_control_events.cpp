@@ -98,17 +98,10 @@ void checkPass(WiredIo* io, const CRaceControl& control)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+void FuzzTarget::read(const QByteArray& bytes)
 {
-    FuzzTarget::prepare(argc, argv);
-    return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
-{
-    if (size == 0)
-        return 0;
-    const QByteArray bytes(reinterpret_cast<const char*>(data), int(size));
+    if (bytes.isEmpty())
+        return;
     FakeJnutl::reset();
     FakeJnutl::events = eventsOf(bytes);
     FakeJnutl::bytesToSend = bytes.left(MostBytesToSend);
@@ -119,5 +112,4 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, std::size_t size)
             checkPass(&io, boxes.control());
     }
     FUZZ_VERIFY(!boxes.poll());
-    return 0;
 }
