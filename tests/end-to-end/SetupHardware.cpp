@@ -171,11 +171,23 @@ private:
     TestChip m_chip;
 };
 
-/** Hardware that is a program, with a clock of its own whose stamps the test chooses. */
+/** Hardware on a serial line that is a program, with a clock of its own whose stamps the test chooses. */
 template <typename Program>
-class StampedHardware : public SetupHardware
+class SerialHardware : public SetupHardware
 {
+public:
+    void chooseInterface(WizardDriver& user) override { chooseLine(user, line()); }
+    void chooseAnother(WizardDriver& user) override { chooseLine(user, linkPath("elsewhere")); }
+    bool showsInterface(const WizardDriver& user) const override
+    {
+        return user.field<QComboBox>("hardwareBox")->currentText() == m_name && user.port() == line();
+    }
+
 protected:
+    /** @param name that of the hardware in the wizard */
+    SerialHardware(const char* name, const char* link) : m_name(name), m_line(linkPath(link)) {}
+
+    QString line() const { return m_line; }
     QByteArray nextStamp()
     {
         m_stamp += 1000;
@@ -185,14 +197,22 @@ protected:
     Program m_program;
 
 private:
+    void chooseLine(WizardDriver& user, const QString& path)
+    {
+        user.choose("hardwareBox", m_name);
+        user.typePort(path);
+    }
+
+    QString m_name;
+    QString m_line;
     int m_stamp = 10000;
 };
 
 /** Its sensors are inputs with numbers, its outputs are what they are. */
-class At2560Hardware : public StampedHardware<VirtualBox>
+class At2560Hardware : public SerialHardware<VirtualBox>
 {
 public:
-    At2560Hardware()
+    At2560Hardware() : SerialHardware("L&T AT2560", "at2560")
     {
         m_sectorIndex = 2;
         m_fuelIndex = 4;
@@ -201,26 +221,7 @@ public:
         wireOutputs(0);
     }
 
-    bool switchOn() override
-    {
-        return m_program.start({"--clock", "1000000000", "--link", linkPath("at2560")});
-    }
-
-    void chooseInterface(WizardDriver& user) override
-    {
-        user.choose("hardwareBox", "L&T AT2560");
-        user.typePort(linkPath("at2560"));
-    }
-    void chooseAnother(WizardDriver& user) override
-    {
-        user.choose("hardwareBox", "L&T AT2560");
-        user.typePort(linkPath("elsewhere"));
-    }
-    bool showsInterface(const WizardDriver& user) const override
-    {
-        return user.field<QComboBox>("hardwareBox")->currentText() == "L&T AT2560" &&
-               user.port() == linkPath("at2560");
-    }
+    bool switchOn() override { return m_program.start({"--clock", "1000000000", "--link", line()}); }
 
     void learnOpen(WizardDriver& /*user*/) override { QFAIL("there is no such page"); }
     void learn(WizardDriver& user, int portId) override { user.chooseInput(m_contacts.value(portId)); }
@@ -245,7 +246,7 @@ public:
 
     QByteArray blob() const override
     {
-        return StreamBytes().int32(9).text(linkPath("at2560")).bytes() + masks(-1, NotAssigned, {});
+        return StreamBytes().int32(9).text(line()).bytes() + masks(-1, NotAssigned, {});
     }
 
 protected:
@@ -260,32 +261,21 @@ protected:
 };
 
 /** Its sensors are codes, which nobody can learn: they are typed. */
-class RaceControlHardware : public StampedHardware<RaceBox>
+class RaceControlHardware : public SerialHardware<RaceBox>
 {
 public:
-    RaceControlHardware()
+    RaceControlHardware() : SerialHardware("RaceControl", "race-box")
     {
         m_sectorIndex = 1;
         m_fuelIndex = 1;
         wire({0, 1, 2, 3, 4, 5, 6}, 7);
     }
 
-    bool switchOn() override { return m_program.start({"--link", linkPath("race-box")}); }
+    bool switchOn() override { return m_program.start({"--link", line()}); }
 
-    void chooseInterface(WizardDriver& user) override
-    {
-        user.choose("hardwareBox", "RaceControl");
-        user.typePort(linkPath("race-box"));
-    }
-    void chooseAnother(WizardDriver& user) override
-    {
-        user.choose("hardwareBox", "RaceControl");
-        user.typePort(linkPath("elsewhere"));
-    }
     bool showsInterface(const WizardDriver& user) const override
     {
-        return user.field<QComboBox>("hardwareBox")->currentText() == "RaceControl" &&
-               user.port() == linkPath("race-box") && user.port("serialPort2") == "nicht vorhanden";
+        return SerialHardware::showsInterface(user) && user.port("serialPort2") == "nicht vorhanden";
     }
 
     void learnOpen(WizardDriver& user) override { user.type("stateEdit", hexadecimal(Rest)); }
@@ -306,7 +296,7 @@ public:
         StreamBytes bytes;
         bytes.int32(4);
         for (int box = 0; box < 4; ++box)
-            bytes.int16(0).int16(0).int16(0).text(box == 0 ? linkPath("race-box") : QString());
+            bytes.int16(0).int16(0).int16(0).text(box == 0 ? line() : QString());
         return bytes.bytes() + masks(Rest, NotAssigned, {});
     }
 

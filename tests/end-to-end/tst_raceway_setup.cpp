@@ -20,8 +20,7 @@ using User = std::function<void(WizardDriver&)>;
 
 const QString Name = QStringLiteral("Keller's \"Ring\"");
 
-/** Notes which of the sensors that are there the race sees closed, event by
- * event. */
+/** Notes which of the sensors that are there the race sees closed, event by event. */
 class SensorWatch : public QObject
 {
 public:
@@ -99,8 +98,7 @@ QStringList columns(const QString& names)
 
 Q_DECLARE_METATYPE(Maker)
 
-/** A raceway set up with the wizard in the running program, raced on, changed,
- * and raced on again. */
+/** A raceway set up with the wizard in the running program, raced on, changed, and raced on again. */
 class tst_raceway_setup : public QObject
 {
     Q_OBJECT
@@ -118,6 +116,7 @@ private:
     void start();
     void startAgain();
     void setUpNewRaceway(const User& user);
+    void setUpHardware();
     void changeRaceway(const User& user);
     void lookAtRaceway();
     void openSettings(ModalAnswers& answers, const std::function<void(QDialog*)>& user);
@@ -141,8 +140,7 @@ void tst_raceway_setup::cleanup()
     m_hardware.reset();
 }
 
-/** The program of a new user, who races without counting his laps beforehand.
- */
+/** The program of a new user, who races without counting his laps beforehand. */
 void tst_raceway_setup::start()
 {
     StoredSetup setup;
@@ -158,8 +156,7 @@ void tst_raceway_setup::startAgain()
     m_program = std::make_unique<RunningProgram>();
 }
 
-/** Opens the settings dialog and lets @p user work with it, who leaves it by a
- * button. */
+/** Opens the settings dialog and lets @p user work with it, who leaves it by a button. */
 void tst_raceway_setup::openSettings(ModalAnswers& answers, const std::function<void(QDialog*)>& user)
 {
     answers.expect(user);
@@ -178,6 +175,20 @@ void tst_raceway_setup::setUpNewRaceway(const User& user)
         click(settings, "okButton");
     });
     QCOMPARE(m_program->infoText("racewayName"), Name);
+}
+
+/** Switches the hardware of the row on and makes a raceway on it, with every sensor learned. */
+void tst_raceway_setup::setUpHardware()
+{
+    QFETCH(Maker, maker);
+    m_hardware = maker();
+    QVERIFY(m_hardware->switchOn());
+    start();
+    setUpNewRaceway([this](WizardDriver& user) {
+        describeRaceway(user);
+        learnSensors(user);
+        user.finish();
+    });
 }
 
 /** Edits the raceway that is chosen. */
@@ -222,8 +233,7 @@ void tst_raceway_setup::describeRaceway(WizardDriver& user)
     user.next();
 }
 
-/** All pages behind those: each sensor is pressed at the raceway, each output
- * chosen. */
+/** All pages behind those: each sensor is pressed at the raceway, each output chosen. */
 void tst_raceway_setup::learnSensors(WizardDriver& user)
 {
     for (; !user.page()->isLastPage(); user.next()) {
@@ -292,10 +302,8 @@ void tst_raceway_setup::compareRaceway(WizardDriver& user)
 void tst_raceway_setup::compareStored()
 {
     const QString outputs = QString::number(int(m_hardware->hasOutputs()));
-    QCOMPARE(columns("name, scale, noOfTracks, chaosButtonAvailable, "
-                     "chaosPhaseOutputAvailable, "
-                     "pwrOffFeatureAvailable, externalLightsAvailable, "
-                     "startAndEndSensorSeparate, "
+    QCOMPARE(columns("name, scale, noOfTracks, chaosButtonAvailable, chaosPhaseOutputAvailable, "
+                     "pwrOffFeatureAvailable, externalLightsAvailable, startAndEndSensorSeparate, "
                      "numberOfSectors, fuelSensorSetup, minTime"),
              QStringList(QStringList({Name, "32", "2", "1", outputs, outputs, outputs,
                                       QString::number(int(m_hardware->hasEndSensors())),
@@ -385,15 +393,7 @@ void tst_raceway_setup::aRacewayIsSetUpRacedOnChangedAndRacedOnAgain_data()
 
 void tst_raceway_setup::aRacewayIsSetUpRacedOnChangedAndRacedOnAgain()
 {
-    QFETCH(Maker, maker);
-    m_hardware = maker();
-    QVERIFY(m_hardware->switchOn());
-    start();
-    setUpNewRaceway([this](WizardDriver& user) {
-        describeRaceway(user);
-        learnSensors(user);
-        user.finish();
-    });
+    setUpHardware();
     compareStored();
     QVERIFY(!QTest::currentTestFailed());
     race();
@@ -428,15 +428,8 @@ void tst_raceway_setup::aCancelledWizardLeavesTheRacewayToRaceOn_data()
 /** Another raceway is begun, learned to its end on other ports, and given up. */
 void tst_raceway_setup::aCancelledWizardLeavesTheRacewayToRaceOn()
 {
-    QFETCH(Maker, maker);
-    m_hardware = maker();
-    QVERIFY(m_hardware->switchOn());
-    start();
-    setUpNewRaceway([this](WizardDriver& user) {
-        describeRaceway(user);
-        learnSensors(user);
-        user.finish();
-    });
+    setUpHardware();
+    QVERIFY(!QTest::currentTestFailed());
     QVERIFY(!QTest::currentTestFailed());
     ModalAnswers answers;
     openSettings(answers, [&](QDialog* settings) {
