@@ -199,8 +199,8 @@ public:
 protected:
     quint32 lapSensor(int track) const override { return track == 0 ? 0x08 : 0x10; }
     quint32 chaosButton() const override { return 0x20; }
-    void close(quint32 sensor) override { m_port->clearBits(TestPort::Status, short(sensor)); }
-    void open(quint32 sensor) override { m_port->setBits(TestPort::Status, short(sensor)); }
+    void close(quint32 sensor) override { m_port.press(short(sensor)); }
+    void open(quint32 sensor) override { m_port.release(short(sensor)); }
     unsigned reads() override { return m_port->reads(); }
 
 private:

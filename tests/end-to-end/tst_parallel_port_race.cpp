@@ -180,7 +180,7 @@ Span tst_parallel_port_race::close(short sensors)
 {
     Span span;
     span.begin = m_clock.nsecsElapsed();
-    (*m_port)->clearBits(TestPort::Status, sensors);
+    m_port->press(sensors);
     [this] { QVERIFY(isRead()); }();
     span.end = m_clock.nsecsElapsed();
     return span;
@@ -188,7 +188,7 @@ Span tst_parallel_port_race::close(short sensors)
 
 void tst_parallel_port_race::open(short sensors)
 {
-    (*m_port)->setBits(TestPort::Status, sensors);
+    m_port->release(sensors);
     QVERIFY(isRead());
     m_sinceOpen.start();
 }
@@ -317,7 +317,7 @@ void tst_parallel_port_race::aCarOnTheSensorInTheCountdownIsAFalseStart()
 
 void tst_parallel_port_race::aCarThatStandsOnTheSensorFromBeforeTheStartIsNone()
 {
-    (*m_port)->clearBits(TestPort::Status, Lap2);
+    m_port->press(Lap2);
     RunningProgram& program = start(setupWithLights());
     startRace();
     for (int second = 0; second < 5; ++second)
@@ -380,7 +380,7 @@ void tst_parallel_port_race::nothingCountsBetweenTwoRacesAndTheNextBeginsAnew()
         compareLap(1, 1, begin, end);
         program.stopRace();
         const unsigned reads = (*m_port)->reads();
-        (*m_port)->clearBits(TestPort::Status, Lap1);
+        m_port->press(Lap1);
         QCoreApplication::processEvents();
         open(Lap1);
         QCOMPARE((*m_port)->reads(), reads);

@@ -23,6 +23,10 @@ public:
         (*this)->write(Status, 127);
         (*this)->write(Control, 0);
     }
+
+    /** Closes sensors that hang on the status register, all of them open after reset(). */
+    void press(short bits) { (*this)->clearBits(Status, bits); }
+    void release(short bits) { (*this)->setBits(Status, bits); }
 };
 
 #endif

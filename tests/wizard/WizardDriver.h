@@ -32,6 +32,17 @@ public:
         expect(answers, std::move(user));
         return wizard.editRaceway(raceway);
     }
+    /** The same with a wizard that serves once. */
+    static int create(CRaceway* raceway, std::function<void(WizardDriver&)> user)
+    {
+        CRacewayWizard wizard;
+        return create(wizard, raceway, std::move(user));
+    }
+    static int edit(CRaceway* raceway, std::function<void(WizardDriver&)> user)
+    {
+        CRacewayWizard wizard;
+        return edit(wizard, raceway, std::move(user));
+    }
     /** Lets @p user work with the next wizard that opens; what he leaves open is cancelled. */
     static void expect(ModalAnswers& answers, std::function<void(WizardDriver&)> user)
     {

@@ -81,10 +81,9 @@ void tst_WizardHardware::eachChipOfTheFamilyIsLearned()
     QFETCH(unsigned, product);
     QFETCH(int, pin);
     QVERIFY(m_chip->plug(product));
-    CRacewayWizard wizard;
     CRaceway raceway;
     quint32 open = 0;
-    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+    WizardDriver::create(&raceway, [&](WizardDriver& user) {
         user.describe("Bahn", 1);
         user.next();
         user.choose("hardwareBox", entry);
@@ -125,8 +124,7 @@ void tst_WizardHardware::aLampThatIsLitIsNoPartOfALearnedState()
     raceway.externalLightsAvailable = raceway.pwrOffFeatureAvailable = true;
     raceway.ioSettings = race.writeSettings();
 
-    CRacewayWizard wizard;
-    WizardDriver::edit(wizard, &raceway, [this](WizardDriver& user) {
+    WizardDriver::edit(&raceway, [this](WizardDriver& user) {
         QVERIFY(user.goTo("COpenPage"));
         user.learn();
         QCOMPARE(user.state(), QString("0xffffffff"));
@@ -157,8 +155,7 @@ void tst_WizardHardware::aPinWhoseFeatureIsOffIsASensorAgain()
     CRaceway raceway(1);
     raceway.externalLightsAvailable = true;
     raceway.ioSettings = io.writeSettings();
-    CRacewayWizard wizard;
-    WizardDriver::edit(wizard, &raceway, [this](WizardDriver& user) {
+    WizardDriver::edit(&raceway, [this](WizardDriver& user) {
         QVERIFY(user.goTo("CAvailableFeaturesPage"));
         user.check("lightsBox", false);
         QVERIFY(user.goTo("CRwWizardSlotPage 1"));
@@ -190,8 +187,7 @@ void tst_WizardHardware::aParallelPortKnowsItsOutputsByTheirRegister()
     raceway.ioSettings = io.writeSettings();
     (*m_port)->write(TestPort::Data, 0x7b);
     (*m_port)->write(TestPort::Status, 0x7b);
-    CRacewayWizard wizard;
-    WizardDriver::edit(wizard, &raceway, [](WizardDriver& user) {
+    WizardDriver::edit(&raceway, [](WizardDriver& user) {
         QVERIFY(user.goTo("CRwWizardSlotPage 1"));
         user.learn();
         user.goToTheEnd();
@@ -203,9 +199,8 @@ void tst_WizardHardware::aParallelPortKnowsItsOutputsByTheirRegister()
 void tst_WizardHardware::withoutAChipTheWizardGoesOn()
 {
     (*m_chip)->unplug();
-    CRacewayWizard wizard;
     CRaceway raceway;
-    const int result = WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+    const int result = WizardDriver::create(&raceway, [](WizardDriver& user) {
         user.describe("Bahn", 1);
         user.next();
         user.choose("hardwareBox", "IO-Warrior40");
@@ -223,9 +218,8 @@ void tst_WizardHardware::withoutAChipTheWizardGoesOn()
 
 void tst_WizardHardware::withASilentChipTheWizardGoesOn()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    const int result = WizardDriver::create(wizard, &raceway, [this](WizardDriver& user) {
+    const int result = WizardDriver::create(&raceway, [this](WizardDriver& user) {
         user.describe("Bahn", 1);
         user.next();
         user.choose("hardwareBox", "IO-Warrior40");
@@ -244,9 +238,8 @@ void tst_WizardHardware::withASilentChipTheWizardGoesOn()
 
 void tst_WizardHardware::aChipPulledInTheMiddleLeavesWhatWasLearned()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    const int result = WizardDriver::create(wizard, &raceway, [this](WizardDriver& user) {
+    const int result = WizardDriver::create(&raceway, [this](WizardDriver& user) {
         user.describe("Bahn", 2);
         user.next();
         user.choose("hardwareBox", "IO-Warrior40");
@@ -265,9 +258,8 @@ void tst_WizardHardware::aChipPulledInTheMiddleLeavesWhatWasLearned()
 
 void tst_WizardHardware::raceControlIsTheNinthEntryWhereItsLibraryIsThere()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+    WizardDriver::create(&raceway, [](WizardDriver& user) {
         user.describe("Bahn", 1);
         user.next();
         const auto* box = user.field<QComboBox>("hardwareBox");
@@ -292,9 +284,8 @@ void tst_WizardHardware::raceControlIsTheNinthEntryWhereItsLibraryIsThere()
 
 void tst_WizardHardware::theCodesOfARaceControlBoxAreTyped()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+    WizardDriver::create(&raceway, [](WizardDriver& user) {
         user.describe("Bahn", 1);
         user.next();
         user.choose("hardwareBox", "RaceControl");

@@ -194,9 +194,8 @@ void tst_WizardPictures::everyPageIsShownWhole()
 
 void tst_WizardPictures::theTabKeyLeadsThroughThePageAndThenTheButtons()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+    WizardDriver::create(&raceway, [](WizardDriver& user) {
         QVERIFY(QTest::qWaitForWindowActive(user.dialog()));
         user.type("nameEdit", "Bahn");
         const QStringList first{"nameEdit", "tracksBox", "scaleEdit", "cancelButton", "nextButton"};

@@ -146,9 +146,8 @@ void answer(WizardDriver& user, const Answers& answers)
 int compareWays(const QVector<Answers>& all)
 {
     int ways = 0;
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+    WizardDriver::create(&raceway, [&](WizardDriver& user) {
         for (const Answers& answers : all) {
             answer(user, answers);
             const QStringList pages = user.goToTheEnd();
@@ -264,9 +263,8 @@ void tst_WizardWays::everyCombinationOfAnswersLeadsThroughThePagesOfTheRules()
 
 void tst_WizardWays::oneSlotWithoutFeaturesHasSevenPages()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+    WizardDriver::create(&raceway, [](WizardDriver& user) {
         user.describe("Bahn", 1);
         QCOMPARE(user.goToTheEnd(),
                  QStringList({"CStartPage", "CIoInterfacePage", "CAvailableFeaturesPage", "COpenPage",
@@ -281,9 +279,8 @@ void tst_WizardWays::withEverythingEachOfTwoTracksHasSixPages()
     answers.fuelIndex = 4;
     answers.sectorIndex = 2;
     answers.separateEnd = true;
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+    WizardDriver::create(&raceway, [&](WizardDriver& user) {
         answer(user, answers);
         const QStringList pages = user.goToTheEnd();
         QCOMPARE(pages.filter(QRegularExpression(" 1$")).size(), 6);
@@ -294,9 +291,8 @@ void tst_WizardWays::withEverythingEachOfTwoTracksHasSixPages()
 
 void tst_WizardWays::anAt2560NeverShowsTheOpenPage()
 {
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [](WizardDriver& user) {
+    WizardDriver::create(&raceway, [](WizardDriver& user) {
         Answers answers;
         answer(user, answers);
         QVERIFY(user.goToTheEnd().contains("COpenPage"));
@@ -311,9 +307,8 @@ void tst_WizardWays::fuelIndex2ShowsTheEndOfTheZoneButNoFuelSensor()
 {
     Answers answers;
     answers.fuelIndex = 2;
-    CRacewayWizard wizard;
     CRaceway raceway;
-    WizardDriver::create(wizard, &raceway, [&](WizardDriver& user) {
+    WizardDriver::create(&raceway, [&](WizardDriver& user) {
         answer(user, answers);
         const QStringList pages = user.goToTheEnd();
         QVERIFY(pages.contains("CRwWizardFuelFinishedSensorPage 1"));
