@@ -1,7 +1,5 @@
 #include "dialogs/RaceSettingsFixture.h"
 
-Q_DECLARE_METATYPE(CRaceSettings)
-
 /** Which controls of the race settings can be used, and how they hold each other. */
 class tst_CKelmoRaceSettingsControls : public QObject
 {
@@ -9,8 +7,6 @@ class tst_CKelmoRaceSettingsControls : public QObject
 
 private Q_SLOTS:
     void init();
-    void controlsAreEnabledByTheirRule_data();
-    void controlsAreEnabledByTheirRule();
     void enableRulesFollowTheUser();
     void fuelRulesFollowTheUser();
     void reactionsOfPowerStayDisabledWithoutPowerSwitching();
@@ -27,78 +23,6 @@ void tst_CKelmoRaceSettingsControls::init()
 {
     QSettings("Tornik", "Tornik").clear();
     QFile::remove("rules.rsf");
-}
-
-void tst_CKelmoRaceSettingsControls::controlsAreEnabledByTheirRule_data()
-{
-    QTest::addColumn<CRaceSettings>("rules");
-    QTest::addColumn<QStringList>("enabled");
-    QTest::addColumn<QStringList>("disabled");
-    const QStringList start{"startDelay", "startLightsMinDelay", "startLightsMaxDelay"};
-    const QStringList laps{"numberOfLaps", "allMaxRounds", "maxRoundsStopCounting", "lapsCountDown"};
-    const QStringList consistent{"numOfWorstLapsToIgnore", "useTargetTime"};
-    const QStringList raceRows{"refuelInterval", "refuelAmount", "minFuelUsageTime", "maxFuelUsageTime"};
-    const QStringList tankRows{"minFuelUsageAmount", "maxFuelUsageAmount", "tankSize", "reserveLevel"};
-    const QStringList reactions{"emptyFuelReaction0", "emptyFuelReaction1", "emptyFuelReaction2",
-                                "emptyFuelReaction3"};
-    const QStringList none;
-
-    CRaceSettings rules = ordinaryRules();
-    QTest::newRow("flying start") << rules << none << start;
-    rules.setStartType(CRaceSettings::TimedStart);
-    QTest::newRow("timed start") << rules << start << none;
-
-    rules = ordinaryRules();
-    QTest::newRow("no end") << rules << none << laps + QStringList{"endTime"};
-    rules.setEndType(CRaceSettings::TimeLimit);
-    QTest::newRow("time limit") << rules << QStringList{"endTime"} << laps;
-    rules.setEndType(CRaceSettings::LapLimit);
-    QTest::newRow("lap limit") << rules << laps << QStringList{"endTime"};
-
-    rules = ordinaryRules();
-    for (const int condition : {1, 2, 3}) {
-        rules.setWinningCondition(condition);
-        QTest::newRow(qPrintable(QStringLiteral("winner %1").arg(condition)))
-            << rules << none << consistent + QStringList{"winningTargetTime"};
-    }
-    for (const int condition : {4, 5}) {
-        rules.setWinningCondition(condition);
-        QTest::newRow(qPrintable(QStringLiteral("winner %1").arg(condition)))
-            << rules << QStringList{"winningTargetTime"} << consistent;
-    }
-    rules.setWinningCondition(6);
-    QTest::newRow("winner 6") << rules << consistent << QStringList{"winningTargetTime"};
-    rules.setUseTargetTime(true);
-    QTest::newRow("winner 6 with target") << rules << consistent + QStringList{"winningTargetTime"} << none;
-    rules.setWinningCondition(1);
-    QTest::newRow("target without winner 6")
-        << rules << none << consistent + QStringList{"winningTargetTime"};
-
-    const QStringList penalty{"emptyFuelPenaltyTime"};
-    const QStringList stutter{"emptyFuelStutterFrequency", "emptyFuelStutterFrequencyText"};
-    rules = ordinaryRules();
-    QTest::newRow("no fuel") << withFuel(rules, 0, 2) << none
-                             << raceRows + tankRows + reactions + penalty + stutter;
-    QTest::newRow("fuel of each car")
-        << withFuel(rules, 1, 0) << raceRows + reactions << tankRows + penalty + stutter;
-    QTest::newRow("fuel for all") << withFuel(rules, 2, 1) << raceRows + tankRows + reactions
-                                  << penalty + stutter;
-    QTest::newRow("penalty") << withFuel(rules, 2, 2) << reactions + penalty << stutter;
-    QTest::newRow("penalty of each car") << withFuel(rules, 1, 2) << reactions + penalty << stutter;
-    QTest::newRow("stutter") << withFuel(rules, 2, 3) << reactions + stutter << penalty;
-}
-
-void tst_CKelmoRaceSettingsControls::controlsAreEnabledByTheirRule()
-{
-    QFETCH(CRaceSettings, rules);
-    QFETCH(QStringList, enabled);
-    QFETCH(QStringList, disabled);
-    open(rules, [&](const DialogUser& user) {
-        for (const QString& control : enabled)
-            QVERIFY2(user.isEnabled(qPrintable(control)), qPrintable(control));
-        for (const QString& control : disabled)
-            QVERIFY2(!user.isEnabled(qPrintable(control)), qPrintable(control));
-    });
 }
 
 void tst_CKelmoRaceSettingsControls::enableRulesFollowTheUser()
