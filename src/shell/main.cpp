@@ -1,13 +1,12 @@
 #include "shell/CCommandLineParameters.h"
 #include "shell/CKelmoMain.h"
 #include "shell/CTerminationSignals.h"
-#include "shell/CTranslationCatalogue.h"
+#include "shell/CTranslators.h"
 #include "shell/Version.h"
 #include "sound/CSoundDevice.h"
 
 #include <QApplication>
 #include <QLocale>
-#include <QTranslator>
 
 #include <cstdio>
 #include <cstdlib>
@@ -25,9 +24,7 @@ int runProgram(int argc, char* argv[])
     if (!parameters.language().isEmpty())
         QLocale::setDefault(QLocale(parameters.language()));
 
-    QTranslator translator;
-    CTranslationCatalogue::load(translator, QLocale());
-    QApplication::installTranslator(&translator);
+    const CTranslators translators{QLocale()};
 
     const CTerminationSignals signalsOfSystem;
     QObject::connect(&signalsOfSystem, &CTerminationSignals::terminationRequested, &application,

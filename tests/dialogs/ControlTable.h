@@ -128,7 +128,8 @@ inline QString rangeOf(const QWidget* widget)
         return time->displayFormat() + ", " +
                range.arg(timeText(time->minimumTime()), timeText(time->maximumTime()));
     if (const auto* box = qobject_cast<const QDoubleSpinBox*>(widget))
-        return range.arg(box->minimum()).arg(box->maximum()) + QStringLiteral(" by %1").arg(box->singleStep());
+        return range.arg(box->minimum()).arg(box->maximum()) +
+               QStringLiteral(" by %1").arg(box->singleStep());
     if (const auto* box = qobject_cast<const QSpinBox*>(widget))
         return range.arg(box->minimum()).arg(box->maximum());
     if (const auto* slider = qobject_cast<const QSlider*>(widget))
@@ -206,7 +207,8 @@ public:
     QStringList titles;     ///< of the tabs
     QStringList names;      ///< of the controls, sorted
     QStringList otherTexts; ///< of labels that belong to no control
-    QMap<QString, QStringList> seen; ///< kind, tab, group, text before, text, text behind, range of each control
+    QMap<QString, QStringList>
+        seen; ///< kind, tab, group, text before, text, text behind, range of each control
     QMap<QString, Captions> captions;
 
 private:
@@ -388,7 +390,8 @@ void compareEnabled(const QDialog* dialog, const ControlWalk::Walk& walk, const 
         QVERIFY2(dialog->findChild<QWidget*>(row.name)->isEnabled() == enabled, row.name);
         const ControlWalk::Captions captions = walk.captions[row.name];
         for (const QLabel* caption : {captions.before, captions.after})
-            QVERIFY2(!caption || caption->isEnabled() == enabled, qPrintable(row.name + " " + ControlWalk::textOf(caption)));
+            QVERIFY2(!caption || caption->isEnabled() == enabled,
+                     qPrintable(row.name + " " + ControlWalk::textOf(caption)));
     }
 }
 

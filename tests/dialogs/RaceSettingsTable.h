@@ -160,8 +160,9 @@ inline void addRaceRows(Table& table)
     const QTime slow(0, 1, 0, 7);
     const QTime fast(0, 0, 3, 21);
     table.place("Tankfunktion", "Tankeinstellungen");
-    table.time("refuelInterval", "Zeitintervall beim Tanken (im Format s:zzz): ", "s:zzz", QTime(0, 0),
-               QTime(0, 0, 9, 999))
+    table
+        .time("refuelInterval", "Zeitintervall beim Tanken (im Format s:zzz): ", "s:zzz", QTime(0, 0),
+              QTime(0, 0, 9, 999))
         .shows(QTime(0, 0, 0, 500))
         .when(hasFuel)
         .from(ofEachCar)
@@ -232,8 +233,8 @@ inline void addReactions(Table& table)
             return canReact(rules, which) && rules.fuelSettings().emptyFuelReaction() == which;
         };
     };
-    const QStringList texts{"Runden nicht zählen", "Spurabschaltung", "Zeitstrafe pro Runde:",
-                            "Stottern mit Frequenz:"};
+    const QStringList texts{"Runden nicht zählen", "Spurabschaltung",
+                            "Zeitstrafe pro Runde:", "Stottern mit Frequenz:"};
     const QTime penalty(0, 0, 2, 500);
     table.place("Tankfunktion", "Reaktion bei leerem Tank");
     for (int id = 0; id < texts.size(); ++id)

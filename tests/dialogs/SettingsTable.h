@@ -133,7 +133,8 @@ inline void addVoice(Table& table)
         .from(voice)
         .takes(true, to(&S::setSoundVoiceOutputLapTime, true));
     table.check("soundVoiceOutputBestLapTime", "Nur neue Bestzeiten ansagen")
-        .when([](const S& settings) { return settings.soundEnhanced() && settings.soundVoiceOutputLapTime(); })
+        .when(
+            [](const S& settings) { return settings.soundEnhanced() && settings.soundVoiceOutputLapTime(); })
         .from([](S& settings) {
             settings.setSoundEnhanced(true);
             settings.setSoundVoiceOutputLapTime(true);
@@ -174,11 +175,13 @@ inline void addNetwork(Table& table)
     table.edit("port", "Port:", "5 characters, 0 to 65535")
         .shows("47624")
         .takes("65535", to(&S::setPort, quint16(65535)));
-    table.check("sendShutdownToClients",
-                "Netzwerkanzeigerechner bei Programmende auf Host automatisch herunterfahren")
+    table
+        .check("sendShutdownToClients",
+               "Netzwerkanzeigerechner bei Programmende auf Host automatisch herunterfahren")
         .takes(true, to(&S::setSendShutdownToClients, true));
-    table.time("shutdownWaitTime", "Wartezeit vor herunterfahren des Remote Rechners:", "mm:ss", QTime(0, 0),
-               QTime(0, 10))
+    table
+        .time("shutdownWaitTime", "Wartezeit vor herunterfahren des Remote Rechners:", "mm:ss", QTime(0, 0),
+              QTime(0, 10))
         .shows(QTime(0, 0, 15))
         .when(&S::sendShutdownToClients)
         .from(to(&S::setSendShutdownToClients, true))

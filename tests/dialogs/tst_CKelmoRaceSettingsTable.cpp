@@ -149,9 +149,8 @@ void tst_CKelmoRaceSettingsTable::controlsAreEnabledByTheirRule_data()
 void tst_CKelmoRaceSettingsTable::controlsAreEnabledByTheirRule()
 {
     QFETCH(CRaceSettings, rules);
-    openAndCancel(rules, [&](QDialog* dialog) {
-        compareEnabled(dialog, ControlWalk::Walk(dialog), m_table, rules);
-    });
+    openAndCancel(
+        rules, [&](QDialog* dialog) { compareEnabled(dialog, ControlWalk::Walk(dialog), m_table, rules); });
 }
 
 QTEST_MAIN(tst_CKelmoRaceSettingsTable)

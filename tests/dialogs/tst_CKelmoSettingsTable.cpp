@@ -103,12 +103,13 @@ void tst_CKelmoSettingsTable::controlsAreEnabledByTheirRule_data()
     for (int which = 0; which < switches.size(); ++which) {
         const char* name = switches[which].first;
         QTest::newRow(qPrintable(QStringLiteral("%1 alone").arg(name))) << switches[which].second;
-        QTest::newRow(qPrintable(QStringLiteral("all but %1").arg(name))) << Change([switches, which](S& settings) {
-            for (int other = 0; other < switches.size(); ++other) {
-                if (other != which)
-                    switches[other].second(settings);
-            }
-        });
+        QTest::newRow(qPrintable(QStringLiteral("all but %1").arg(name)))
+            << Change([switches, which](S& settings) {
+                   for (int other = 0; other < switches.size(); ++other) {
+                       if (other != which)
+                           switches[other].second(settings);
+                   }
+               });
     }
 }
 

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void tabIsWhollyVisible();
     void everyColumnOfALongNameIsInSight_data();
     void everyColumnOfALongNameIsInSight();
+    void colorDialogCanBeReadOverTheSettings_data();
     void colorDialogCanBeReadOverTheSettings();
 };
 
@@ -153,14 +154,24 @@ void tst_SettingsPictures::everyColumnOfALongNameIsInSight()
     QVERIFY(dashboard->trigger("showSettings"));
 }
 
+void tst_SettingsPictures::colorDialogCanBeReadOverTheSettings_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::newRow("de") << "Farbauswahl";
+    QTest::newRow("en") << "Select Color";
+}
+
 void tst_SettingsPictures::colorDialogCanBeReadOverTheSettings()
 {
-    const Dashboard dashboard("de");
+    QFETCH(QString, title);
+    const QString language = QTest::currentDataTag();
+    const Dashboard dashboard(language);
     ModalAnswers answers;
-    answers.expect([&answers](QDialog* dialog) {
-        answers.expect([](QDialog* colors) {
+    answers.expect([&](QDialog* dialog) {
+        answers.expect([&](QDialog* colors) {
             QVERIFY(qobject_cast<QColorDialog*>(colors));
-            look(colors, "settings-color");
+            QCOMPARE(colors->windowTitle(), title);
+            look(colors, "settings-color-" + language);
             colors->reject();
         });
         DialogUser(dialog).bringUpAndPress("colorSlot1");
