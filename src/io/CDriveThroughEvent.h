@@ -5,7 +5,7 @@
 #include <QEvent>
 
 /**
- * The decoded state of all sensors at one moment; the only thing a race sees of the hardware.
+ * The decoded state of all sensors at one moment; all that a race sees of them.
  *
  * A set bit n says that the sensor of port id n is closed. It is a level, not an edge: the release
  * of a sensor gives an event in which its bit is clear. Made in the main thread.
