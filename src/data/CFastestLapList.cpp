@@ -5,6 +5,7 @@
 #include "results/CCsvWriter.h"
 
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QTime>
 
 using namespace TableAccess;

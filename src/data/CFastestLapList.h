@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModel>
 #include <QObject>
-#include <QSqlRecord>
 #include <QSqlTableModel>
 #include <QStringList>
 

@@ -5,6 +5,7 @@
 
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QVariantList>
 
 using namespace TableAccess;
 

@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QSqlQueryModel>
 #include <QSqlTableModel>
-#include <QVariantList>
 
 #include <memory>
 

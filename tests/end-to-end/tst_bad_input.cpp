@@ -6,7 +6,6 @@
 #include "support/RunningProgram.h"
 #include "support/StoredSetup.h"
 
-#include <QAction>
 #include <QElapsedTimer>
 #include <QSettings>
 #include <QTest>

@@ -5,7 +5,6 @@
 #include "support/StoredSetup.h"
 #include "support/VirtualUnit.h"
 
-#include <QAction>
 #include <QDir>
 #include <QTest>
 

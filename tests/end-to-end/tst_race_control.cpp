@@ -6,7 +6,6 @@
 #include "support/ScriptedQuestions.h"
 #include "support/StoredSetup.h"
 
-#include <QAction>
 #include <QDir>
 #include <QGroupBox>
 #include <QPushButton>

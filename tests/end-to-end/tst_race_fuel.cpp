@@ -6,7 +6,6 @@
 
 #include <QAction>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QTest>
 
 namespace {

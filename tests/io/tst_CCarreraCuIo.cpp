@@ -7,7 +7,6 @@
 #include "io/EventRecorder.h"
 #include "io/FakeLine.h"
 
-#include <QDataStream>
 #include <QtTest>
 
 using Bits = QList<int>;

@@ -1,5 +1,4 @@
 #include "EventSink.h"
-#include "io/CIoWarriorDevice.h"
 #include "io/CIoWarriorIo.h"
 #include "io/CRacewayIoEvent.h"
 #include "io/CRacewayIoFactory.h"

@@ -1,9 +1,7 @@
 #include "EventSink.h"
 #include "io/CKelmoPortSimulator.h"
-#include "io/PortIds.h"
 
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QtTest>
 

@@ -1,7 +1,6 @@
 #include "race/RaceFixture.h"
 #include "support/DebugLines.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 namespace {

@@ -1,7 +1,6 @@
 #include "race/CRaceSettings.h"
 #include "support/StreamBytes.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>

@@ -1,6 +1,5 @@
 #include "shell/CRichProgressBar.h"
 
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {

@@ -10,7 +10,6 @@
 
 #include <QLineEdit>
 #include <QLocale>
-#include <QSignalSpy>
 #include <QStringListModel>
 #include <QTest>
 #include <QVBoxLayout>

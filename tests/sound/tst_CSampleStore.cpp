@@ -1,7 +1,6 @@
 #include "sound/CSampleStore.h"
 #include "sound/WaveFile.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
