@@ -18,6 +18,24 @@ namespace {
 
 constexpr int ShutdownTick = 1000; // milliseconds
 
+/**
+ * Connects what is told of a race with one who is to hear it: the race itself or the client of another
+ * machine tells, the dialog or the server hears.
+ */
+template <typename Teller, typename Listener>
+void connectRace(const Teller* teller, Listener* listener)
+{
+    QObject::connect(teller, &Teller::RaceEventHappened, listener, &Listener::HandleEventRace);
+    QObject::connect(teller, &Teller::RaceStarted, listener, &Listener::vSetUiRaceStarted);
+    QObject::connect(teller, &Teller::RecordedRaceStarted, listener, &Listener::vSetUiRecordedRaceStarted);
+    QObject::connect(teller, &Teller::RaceStopped, listener, &Listener::vSetUiRaceStopped);
+    QObject::connect(teller, &Teller::RacePaused, listener, &Listener::vSetUiRacePaused);
+    QObject::connect(teller, &Teller::RaceResumed, listener, &Listener::vSetUiRaceResumed);
+    QObject::connect(teller, &Teller::UpdateLights, listener, &Listener::updateLightsDisplay);
+    QObject::connect(teller, &Teller::UpdateRaceTime, listener, &Listener::setRaceTime);
+    QObject::connect(teller, &Teller::raceInfoText, listener, &Listener::setAdditionalInfo);
+}
+
 } // namespace
 
 CKelmoMain::CKelmoMain(QObject* parent, const CCommandLineParameters& parameters)
@@ -92,34 +110,16 @@ void CKelmoMain::createServer(quint16 port)
 /** What the race tells goes to the dialog first and to anybody else after it. */
 void CKelmoMain::connectRaceToDialog()
 {
-    const CRace* race = m_race.get();
-    CKelmoMainDialog* dialog = m_mainDialog.get();
-    connect(race, &CRace::RaceEventHappened, dialog, &CKelmoMainDialog::HandleEventRace);
-    connect(race, &CRace::RaceStarted, dialog, &CKelmoMainDialog::vSetUiRaceStarted);
-    connect(race, &CRace::RecordedRaceStarted, dialog, &CKelmoMainDialog::vSetUiRecordedRaceStarted);
-    connect(race, &CRace::RaceStopped, dialog, &CKelmoMainDialog::vSetUiRaceStopped);
-    connect(race, &CRace::RacePaused, dialog, &CKelmoMainDialog::vSetUiRacePaused);
-    connect(race, &CRace::RaceResumed, dialog, &CKelmoMainDialog::vSetUiRaceResumed);
-    connect(race, &CRace::UpdateLights, dialog, &CKelmoMainDialog::updateLightsDisplay);
-    connect(race, &CRace::UpdateRaceTime, dialog, &CKelmoMainDialog::setRaceTime);
-    connect(race, &CRace::raceInfoText, dialog, &CKelmoMainDialog::setAdditionalInfo);
-    connect(race, &CRace::trackPowerStateChanged, dialog, &CKelmoMainDialog::trackPowerNotification);
+    connectRace(m_race.get(), m_mainDialog.get());
+    connect(m_race.get(), &CRace::trackPowerStateChanged, m_mainDialog.get(),
+            &CKelmoMainDialog::trackPowerNotification);
 }
 
 void CKelmoMain::connectRaceToServer()
 {
-    const CRace* race = m_race.get();
-    CKelmoNetworkServer* server = m_server.get();
-    connect(race, &CRace::RaceEventHappened, server, &CKelmoNetworkServer::HandleEventRace);
-    connect(race, &CRace::RaceStarted, server, &CKelmoNetworkServer::vSetUiRaceStarted);
-    connect(race, &CRace::RecordedRaceStarted, server, &CKelmoNetworkServer::vSetUiRecordedRaceStarted);
-    connect(race, &CRace::RaceStopped, server, &CKelmoNetworkServer::vSetUiRaceStopped);
-    connect(race, &CRace::RacePaused, server, &CKelmoNetworkServer::vSetUiRacePaused);
-    connect(race, &CRace::RaceResumed, server, &CKelmoNetworkServer::vSetUiRaceResumed);
-    connect(race, &CRace::UpdateLights, server, &CKelmoNetworkServer::updateLightsDisplay);
-    connect(race, &CRace::UpdateRaceTime, server, &CKelmoNetworkServer::setRaceTime);
-    connect(race, &CRace::raceInfoText, server, &CKelmoNetworkServer::setAdditionalInfo);
-    connect(race, &CRace::trackPowerStateChanged, server, &CKelmoNetworkServer::trackPowerNotification);
+    connectRace(m_race.get(), m_server.get());
+    connect(m_race.get(), &CRace::trackPowerStateChanged, m_server.get(),
+            &CKelmoNetworkServer::trackPowerNotification);
 }
 
 /** To the dialog it is as if its own race told it all. */
@@ -127,16 +127,7 @@ void CKelmoMain::connectClientToDialog()
 {
     const CKelmoNetworkClient* client = m_client.get();
     CKelmoMainDialog* dialog = m_mainDialog.get();
-    connect(client, &CKelmoNetworkClient::RaceEventHappened, dialog, &CKelmoMainDialog::HandleEventRace);
-    connect(client, &CKelmoNetworkClient::RaceStarted, dialog, &CKelmoMainDialog::vSetUiRaceStarted);
-    connect(client, &CKelmoNetworkClient::RecordedRaceStarted, dialog,
-            &CKelmoMainDialog::vSetUiRecordedRaceStarted);
-    connect(client, &CKelmoNetworkClient::RaceStopped, dialog, &CKelmoMainDialog::vSetUiRaceStopped);
-    connect(client, &CKelmoNetworkClient::RacePaused, dialog, &CKelmoMainDialog::vSetUiRacePaused);
-    connect(client, &CKelmoNetworkClient::RaceResumed, dialog, &CKelmoMainDialog::vSetUiRaceResumed);
-    connect(client, &CKelmoNetworkClient::UpdateLights, dialog, &CKelmoMainDialog::updateLightsDisplay);
-    connect(client, &CKelmoNetworkClient::UpdateRaceTime, dialog, &CKelmoMainDialog::setRaceTime);
-    connect(client, &CKelmoNetworkClient::raceInfoText, dialog, &CKelmoMainDialog::setAdditionalInfo);
+    connectRace(client, dialog);
     connect(client, &CKelmoNetworkClient::settingsChanged, dialog, &CKelmoMainDialog::onSettingsChanged);
     connect(client, &CKelmoNetworkClient::raceSettingsChanged, dialog,
             &CKelmoMainDialog::onRaceSettingsChanged);
