@@ -12,6 +12,9 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <array>
+#include <vector>
+
 /**
  * A race on a raceway without hardware, with a clock that the test moves. Everything that the race
  * emits and everything that it asks of its interface is written down in one list, in order.
@@ -83,6 +86,24 @@ public:
     {
         CDriveThroughEvent event(TestSupport::closedSensors(portIds), time);
         QCoreApplication::sendEvent(m_race.get(), &event);
+    }
+    /** Begins a lap on the track and ends one after each of the times. */
+    void drive(int track, const std::vector<int>& lapTimes, int begin = 1000)
+    {
+        int time = begin;
+        sensorsAt(time, {PortId::lapSensor(track)});
+        for (const int lapTime : lapTimes) {
+            time += lapTime;
+            sensorsAt(time, {PortId::lapSensor(track)});
+        }
+    }
+    /** Drives one lap over its three sectors. */
+    void driveSectors(int track, int begin, const std::array<int, 3>& sectors)
+    {
+        sensorsAt(begin, {PortId::lapSensor(track)});
+        sensorsAt(begin + sectors[0], {PortId::sector2Sensor(track)});
+        sensorsAt(begin + sectors[0] + sectors[1], {PortId::sector3Sensor(track)});
+        sensorsAt(begin + sectors[0] + sectors[1] + sectors[2], {PortId::lapSensor(track)});
     }
     void controlUnitReports(const std::array<quint8, CCarreraCuStatusEvent::Cars>& fuel, int startLight)
     {

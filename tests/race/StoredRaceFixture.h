@@ -45,25 +45,6 @@ public:
         raceSettings.setCar(track, car);
     }
 
-    /** Begins a lap on the track and ends one after each of the times. */
-    void drive(int track, const std::vector<int>& lapTimes)
-    {
-        int time = 1000;
-        sensorsAt(time, {PortId::lapSensor(track)});
-        for (const int lapTime : lapTimes) {
-            time += lapTime;
-            sensorsAt(time, {PortId::lapSensor(track)});
-        }
-    }
-    /** Drives one lap over its three sectors. */
-    void driveSectors(int track, int begin, int sector1, int sector2, int sector3)
-    {
-        sensorsAt(begin, {PortId::lapSensor(track)});
-        sensorsAt(begin + sector1, {PortId::sector2Sensor(track)});
-        sensorsAt(begin + sector1 + sector2, {PortId::sector3Sensor(track)});
-        sensorsAt(begin + sector1 + sector2 + sector3, {PortId::lapSensor(track)});
-    }
-
     /** Lets the members of a new race drive these laps, one list a track, and stops it. */
     void runQuickRace(const std::vector<std::vector<int>>& lapTimes)
     {

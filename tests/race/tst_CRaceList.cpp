@@ -104,8 +104,8 @@ void tst_CRaceList::eachLapIsStoredWithItsSectors()
     StoredRaceFixture fixture;
     fixture.changeRaceway([](CRaceway& raceway) { raceway.numberOfSectors = 3; });
     fixture.start();
-    fixture.driveSectors(0, 1000, 300, 400, 500);
-    fixture.driveSectors(1, 3000, 1000, 2000, 3000);
+    fixture.driveSectors(0, 1000, {300, 400, 500});
+    fixture.driveSectors(1, 3000, {1000, 2000, 3000});
 
     CRaceList().saveRace(fixture.race(), "A");
 

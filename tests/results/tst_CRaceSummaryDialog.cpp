@@ -34,16 +34,6 @@ const QAbstractItemModel* lapsOf(const QDialog* dialog, int track)
         ->model();
 }
 
-void driveLaps(RaceFixture& fixture, int track, const QVector<int>& lapTimes)
-{
-    int time = 1000;
-    fixture.sensorsAt(time, {PortId::lapSensor(track)});
-    for (const int lapTime : lapTimes) {
-        time += lapTime;
-        fixture.sensorsAt(time, {PortId::lapSensor(track)});
-    }
-}
-
 } // namespace
 
 class tst_CRaceSummaryDialog : public QObject
@@ -129,7 +119,7 @@ void tst_CRaceSummaryDialog::showsTheLapsDrivenSoFar()
 {
     RaceFixture fixture(2);
     fixture.start();
-    driveLaps(fixture, 1, {5000, 4500});
+    fixture.drive(1, {5000, 4500});
     CRaceSummaryDialog summary;
     summary.setRace(&fixture.race());
     ModalAnswers answers;
@@ -149,7 +139,7 @@ void tst_CRaceSummaryDialog::showsTheLapsAsTheyAreAtEachOpening()
 {
     RaceFixture fixture(3);
     fixture.start();
-    driveLaps(fixture, 0, {5000});
+    fixture.drive(0, {5000});
     CRaceSummaryDialog summary;
     summary.setRace(&fixture.race());
     ModalAnswers answers;
@@ -162,7 +152,7 @@ void tst_CRaceSummaryDialog::showsTheLapsAsTheyAreAtEachOpening()
     fixture.changeRaceway([](CRaceway& raceway) { raceway.tracks.removeLast(); });
     fixture.race().vStop();
     fixture.race().vStartQuickRace();
-    driveLaps(fixture, 0, {5000, 5000, 5000});
+    fixture.drive(0, {5000, 5000, 5000});
     answers.expect([](QDialog* dialog) {
         QCOMPARE(lapsOf(dialog, 1)->rowCount(), 3);
         QCOMPARE(visibleRows(dialog)[0], QStringList({"Spur 1", "Spur 2"}));
@@ -190,7 +180,7 @@ void tst_CRaceSummaryDialog::shownLapsDoNotChangeWithTheRace()
 {
     RaceFixture fixture(1);
     fixture.start();
-    driveLaps(fixture, 0, {5000});
+    fixture.drive(0, {5000});
     CRaceSummaryDialog summary;
     summary.setRace(&fixture.race());
     ModalAnswers answers;
@@ -236,7 +226,7 @@ void tst_CRaceSummaryDialog::fiveHundredLapsOnEightTracksAreAllShown()
     fixture.changeRaceway([](CRaceway& raceway) { raceway.numberOfSectors = 3; });
     fixture.start();
     for (int track = 0; track < 8; ++track)
-        driveLaps(fixture, track, QVector<int>(500, 5000 + track));
+        fixture.drive(track, std::vector<int>(500, 5000 + track));
     CRaceSummaryDialog summary;
     summary.setRace(&fixture.race());
     ModalAnswers answers;

@@ -6,31 +6,6 @@
 
 namespace {
 
-/** Port ids of the two tracks that drive here. */
-constexpr int LapSensor[] = {1, 2};
-constexpr int Sector2Sensor[] = {41, 42};
-constexpr int Sector3Sensor[] = {49, 50};
-
-/** Begins a lap at @p begin and ends one after each of the times. */
-void driveLaps(RaceFixture& fixture, int track, int begin, const std::vector<int>& lapTimes)
-{
-    int time = begin;
-    fixture.sensorsAt(time, {LapSensor[track]});
-    for (const int lapTime : lapTimes) {
-        time += lapTime;
-        fixture.sensorsAt(time, {LapSensor[track]});
-    }
-}
-
-/** Drives one lap with its three sectors. */
-void driveSectors(RaceFixture& fixture, int track, int begin, const std::array<int, 3>& sectors)
-{
-    fixture.sensorsAt(begin, {LapSensor[track]});
-    fixture.sensorsAt(begin + sectors[0], {Sector2Sensor[track]});
-    fixture.sensorsAt(begin + sectors[0] + sectors[1], {Sector3Sensor[track]});
-    fixture.sensorsAt(begin + sectors[0] + sectors[1] + sectors[2], {LapSensor[track]});
-}
-
 /** @return the lines of the file that the race writes, each split at ";". */
 QList<QStringList> writtenRows(CRace& race)
 {
@@ -105,8 +80,8 @@ void tst_CRaceToCsvWriter::aRaceIsWrittenWithItsMembersSideBySide()
     fixture.raceSettings.setCar(0, car);
     fixture.settings.setStorageCsvTimeFormat(CSettings::MinutesComma);
     CRace& race = fixture.start();
-    driveLaps(fixture, 0, 1000, {8531, 7000, 9000});
-    driveLaps(fixture, 1, 2000, {10000});
+    fixture.drive(0, {8531, 7000, 9000});
+    fixture.drive(1, {10000}, 2000);
 
     const QList<QStringList> rows = writtenRows(race);
 
@@ -135,7 +110,7 @@ void tst_CRaceToCsvWriter::theNameOfTheRaceDoesNotAppear()
     RaceFixture fixture;
     CRace& race = fixture.make();
     race.vStartRecordedRace("Winterpokal");
-    driveLaps(fixture, 0, 1000, {8531});
+    fixture.drive(0, {8531});
 
     QCOMPARE(cell(writtenRows(race), 1, 11).isEmpty(), false);
 
@@ -205,7 +180,7 @@ void tst_CRaceToCsvWriter::lapsOfSectorsStandInTheBlockOfTheirMember()
     });
     fixture.settings.setStorageCsvTimeFormat(CSettings::SecondsComma);
     CRace& race = fixture.start();
-    driveSectors(fixture, 1, 1000, {1500, 2250, 3125});
+    fixture.driveSectors(1, 1000, {1500, 2250, 3125});
 
     const QList<QStringList> rows = writtenRows(race);
 
@@ -216,8 +191,8 @@ void tst_CRaceToCsvWriter::lapsAreNumberedAsFarAsTheLongestList()
 {
     RaceFixture fixture;
     CRace& race = fixture.start();
-    driveLaps(fixture, 0, 1000, {3000});
-    driveLaps(fixture, 1, 1000, {1000, 1000, 1000, 1000});
+    fixture.drive(0, {3000});
+    fixture.drive(1, {1000, 1000, 1000, 1000});
 
     const QList<QStringList> rows = writtenRows(race);
 
@@ -234,7 +209,7 @@ void tst_CRaceToCsvWriter::theWinnerIsNamedAndNobodyElse()
     fixture.useLapLimit(2);
     fixture.raceSettings.setWinningCondition(1);
     CRace& race = fixture.start();
-    driveLaps(fixture, 1, 1000, {3000, 3000});
+    fixture.drive(1, {3000, 3000});
     QVERIFY(!race.isRaceActive());
 
     QCOMPARE(writtenRows(race).at(9), (QStringList{"Status:", " ", "Sieger", " "}));
@@ -259,7 +234,7 @@ void tst_CRaceToCsvWriter::timesFollowTheFormatOfTheSettings()
     RaceFixture fixture;
     fixture.settings.setStorageCsvTimeFormat(format);
     CRace& race = fixture.start();
-    driveLaps(fixture, 0, 1000, {8531});
+    fixture.drive(0, {8531});
 
     const QList<QStringList> rows = writtenRows(race);
 
@@ -272,7 +247,7 @@ void tst_CRaceToCsvWriter::theShortFormatLosesTheMinutes()
     RaceFixture fixture;
     fixture.settings.setStorageCsvTimeFormat(CSettings::SecondsComma);
     CRace& race = fixture.start();
-    driveLaps(fixture, 0, 1000, {75400});
+    fixture.drive(0, {75400});
 
     QCOMPARE(cell(writtenRows(race), 1, 11), QString("15,400"));
 }
@@ -283,7 +258,7 @@ void tst_CRaceToCsvWriter::theAverageStandsAboveTheLaps()
     fixture.settings.setStorageCsvTimeFormat(CSettings::MinutesComma);
     CRace& race = fixture.start();
     QCOMPARE(cell(writtenRows(race), 1, 8), QString("00:00,000"));
-    driveLaps(fixture, 0, 1000, {61000, 60000});
+    fixture.drive(0, {61000, 60000});
 
     QCOMPARE(cell(writtenRows(race), 1, 8), QString("01:00,500"));
 }
@@ -321,7 +296,7 @@ void tst_CRaceToCsvWriter::theRaceWritesItselfToTheFile()
 {
     RaceFixture fixture;
     CRace& race = fixture.start();
-    driveLaps(fixture, 0, 1000, {8531, 7000});
+    fixture.drive(0, {8531, 7000});
     writtenRows(race);
 
     race.saveToCsv("saved.csv");
@@ -334,7 +309,7 @@ void tst_CRaceToCsvWriter::aFileThatCannotBeOpenedLeavesNoTrace()
 {
     RaceFixture fixture;
     CRace& race = fixture.start();
-    driveLaps(fixture, 0, 1000, {8531});
+    fixture.drive(0, {8531});
 
     race.saveToCsv("no/such/directory/race.csv");
 

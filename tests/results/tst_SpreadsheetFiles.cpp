@@ -11,7 +11,7 @@ namespace {
 constexpr int Tracks = 8;
 constexpr int Formats = 3;
 constexpr int LongLap = 75400;
-const int Sectors[] = {2800, 2731, 3000};
+const std::array<int, 3> Sectors{2800, 2731, 3000};
 const QString Raceway = QStringLiteral("Große Bahn Köln");
 
 QString raceFile(int tracks, int sectors, int format)
@@ -45,7 +45,7 @@ void writeRace(int tracks, int sectors, int format)
     }
     fixture.start();
     for (int track = 0; track < tracks; ++track) {
-        fixture.driveSectors(track, 1000, Sectors[0], Sectors[1], Sectors[2]);
+        fixture.driveSectors(track, 1000, Sectors);
         fixture.sensorsAt(1000 + 8531 + LongLap, {PortId::lapSensor(track)});
     }
     CRaceToCsvWriter writer;
@@ -167,7 +167,7 @@ void tst_SpreadsheetFiles::aRaceOpensRightly()
         QCOMPARE(content(sheet.cell(column, 12)), understood(format, LongLap));
         for (int sector = 0; sectors > 1 && sector < sectors; ++sector) {
             const bool isLast = sector == sectors - 1;
-            const int time = isLast && sectors == 2 ? Sectors[1] + Sectors[2] : Sectors[sector];
+            const int time = isLast && sectors == 2 ? Sectors[1] + Sectors[2] : Sectors[std::size_t(sector)];
             QCOMPARE(sheet.text(column + 1 + sector, 10), QStringLiteral("Sektor %1").arg(sector + 1));
             QCOMPARE(content(sheet.cell(column + 1 + sector, 11)), understood(format, time));
         }
