@@ -13,6 +13,9 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QSettings>
 #include <QTest>
 
 /** @return a raceway of so many tracks, with no hardware. */
@@ -21,6 +24,14 @@ inline CRaceway racewayWithTracks(int tracks)
     CRaceway raceway(tracks);
     raceway.name = QStringLiteral("Bahn %1").arg(tracks);
     return raceway;
+}
+
+/** Removes what an earlier dialog has stored in files and in the settings. */
+inline void forgetStored()
+{
+    QFile::remove("tornik.db");
+    QFile::remove("styleSheet.css");
+    QSettings("Tornik", "Tornik").clear();
 }
 
 /** The main dialog with its settings, with recorded sounds and scripted answers. */
@@ -60,6 +71,8 @@ public:
     {
         return track(trackNumber)->findChild<CRichLabel*>(label)->text();
     }
+    /** @return a text of the info frame. */
+    QString infoText(const char* label) const { return dialog.findChild<QLabel*>(label)->text(); }
     QComboBox* driverBox(int trackNumber) const
     {
         return track(trackNumber)->findChild<QComboBox*>("driverBox");
