@@ -1,5 +1,6 @@
 #include "dialogs/CEmptyFuelReactionGroup.h"
 
+#include "dialogs/CTickedSlider.h"
 #include "dialogs/FormParts.h"
 #include "race/CFuelSettings.h"
 
@@ -7,7 +8,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QRadioButton>
-#include <QSlider>
 #include <QTimeEdit>
 
 using namespace FormParts;
@@ -47,12 +47,11 @@ void CEmptyFuelReactionGroup::createReactions(QGridLayout* grid)
 
 void CEmptyFuelReactionGroup::createStutterFrequency()
 {
-    m_frequency = new QSlider(Qt::Horizontal, this);
+    m_frequency = new CTickedSlider(this);
     m_frequency->setObjectName(QStringLiteral("emptyFuelStutterFrequency"));
     m_frequency->setRange(1, 10);
     m_frequency->setPageStep(1);
     m_frequency->setTickInterval(1);
-    m_frequency->setTickPosition(QSlider::TicksBelow);
     m_frequencyText = label(QString(), this);
     m_frequencyText->setObjectName(QStringLiteral("emptyFuelStutterFrequencyText"));
     connect(m_frequency, &QSlider::valueChanged, this, &CEmptyFuelReactionGroup::stutterFrequencyChanged);

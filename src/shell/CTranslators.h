@@ -24,7 +24,8 @@ public:
                       int n) const override;
 };
 
-/** The program's language, as long as this object lives. Main thread only; lives shorter than the application. */
+/** The program's language, as long as this object lives. Main thread only; lives shorter than the
+ * application. */
 class CTranslators
 {
 public:

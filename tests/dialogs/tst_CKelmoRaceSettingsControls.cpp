@@ -11,6 +11,7 @@ private Q_SLOTS:
     void fuelRulesFollowTheUser();
     void reactionsOfPowerStayDisabledWithoutPowerSwitching();
     void frequencyIsWrittenBesideTheSlider();
+    void sliderHasATickUnderEachFrequency();
     void minimumLightDelayCanNotBeRaisedOverTheMaximumByTyping();
     void maximumLightDelayCanNotBeLoweredUnderTheMinimumByTyping();
     void lightDelayIsHeldAlsoWhereOkComesRightBehindTheTyping();
@@ -127,6 +128,25 @@ void tst_CKelmoRaceSettingsControls::frequencyIsWrittenBesideTheSlider()
         QCOMPARE(text->text(), QString("10Hz"));
         user.enter("emptyFuelStutterFrequency", 1);
         QCOMPARE(text->text(), QString("1Hz"));
+    });
+}
+
+void tst_CKelmoRaceSettingsControls::sliderHasATickUnderEachFrequency()
+{
+    CRaceSettings rules = withFuel(ordinaryRules(), CFuelSettings::FuelSameForAll, 3);
+    open(rules, [](const DialogUser& user) {
+        user.control<QTabWidget>("tabs")->setCurrentIndex(1);
+        QWidget* slider = user.control("emptyFuelStutterFrequency");
+        const QImage picture = slider->grab().toImage();
+        const QRgb ground = picture.pixel(0, 0);
+        QList<int> ticks;
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, picture.height() - 1) != ground)
+                ticks.append(x);
+        }
+        QCOMPARE(ticks.size(), 10);
+        for (int tick = 2; tick < ticks.size(); ++tick)
+            QVERIFY(qAbs((ticks[tick] - ticks[tick - 1]) - (ticks[1] - ticks[0])) <= 1);
     });
 }
 

@@ -97,6 +97,7 @@ void tst_DialogPictures::raceSettingsAreWhollyVisible()
     const Dashboard dashboard(language);
     CFuelSettings fuel;
     fuel.setFuelFunction(CFuelSettings::FuelSameForAll);
+    fuel.setEmptyFuelReaction(3); // the power stutters
     dashboard->raceSettings.setFuelSettings(fuel);
     dashboard->raceSettings.setStartType(CRaceSettings::TimedStart);
     ModalAnswers answers;
