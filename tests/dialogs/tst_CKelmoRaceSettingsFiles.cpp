@@ -1,5 +1,6 @@
 #include "dialogs/RaceSettingsFixture.h"
 #include "support/DatabaseFile.h"
+#include "support/OrdinaryUser.h"
 
 #include <QDir>
 
@@ -36,7 +37,11 @@ private Q_SLOTS:
     void importOfAFileThatIsNoneShowsTheDefaults();
     void importOfAFileOfAnotherProgramTakesNothingOfIt();
     void importOfADamagedFileTakesWhatCanBeRead();
+    void importOfAFileThatMayNotBeReadShowsTheDefaults();
     void exportWhereNothingCanBeWrittenKeepsEverything();
+    void exportOverAFileThatMayNotBeWrittenKeepsIt();
+    void exportOverAFileOfAnotherKindCanBeImportedAgain_data();
+    void exportOverAFileOfAnotherKindCanBeImportedAgain();
     void driversCarsAndRacewayStay();
     void cancellingKeepsTheLiveRecordAlsoAfterDefaultsAndImport();
 };
@@ -213,6 +218,25 @@ void tst_CKelmoRaceSettingsFiles::importOfADamagedFileTakesWhatCanBeRead()
     QCOMPARE(rules.startLightsMinDelay(), 500U);
 }
 
+void tst_CKelmoRaceSettingsFiles::importOfAFileThatMayNotBeReadShowsTheDefaults()
+{
+    CRaceSettings stored = ordinaryRules();
+    stored.setNumberOfLaps(42);
+    stored.writeToFile("rules.rsf");
+    QVERIFY(
+        writeContent("secret.rsf", contentOf("rules.rsf"))); // a copy: what was written here is known here
+    QVERIFY(QFile::setPermissions("secret.rsf", QFile::WriteOwner));
+    CRaceSettings rules = ordinaryRules();
+    CKelmoRaceSettings dialog(&rules);
+    answer(dialog, "secret.rsf");
+    open(dialog, [](const DialogUser& user) {
+        const OrdinaryUser ordinary;
+        QVERIFY(!QFile("secret.rsf").open(QIODevice::ReadOnly));
+        user.press("importButton");
+        QCOMPARE(user.value("numberOfLaps").toInt(), 10);
+    });
+}
+
 void tst_CKelmoRaceSettingsFiles::exportWhereNothingCanBeWrittenKeepsEverything()
 {
     QVERIFY(writeContent("file", "content"));
@@ -225,6 +249,59 @@ void tst_CKelmoRaceSettingsFiles::exportWhereNothingCanBeWrittenKeepsEverything(
     }
     QCOMPARE(contentOf("file"), QByteArray("content"));
     QCOMPARE(bytesOf(rules), bytesOf(ordinaryRules()));
+}
+
+void tst_CKelmoRaceSettingsFiles::exportOverAFileThatMayNotBeWrittenKeepsIt()
+{
+    QVERIFY(QDir().mkpath("locked"));
+    ordinaryRules().writeToFile("locked/rules.rsf");
+    const QByteArray before = contentOf("locked/rules.rsf");
+    QVERIFY(!before.isEmpty());
+    QVERIFY(QFile::setPermissions("locked/rules.rsf", QFile::ReadOwner | QFile::ReadOther));
+    QVERIFY(QFile::setPermissions("locked",
+                                  QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+    CRaceSettings rules = ordinaryRules();
+    CKelmoRaceSettings dialog(&rules);
+    answer(dialog, "locked/rules.rsf");
+    open(dialog, [](const DialogUser& user) {
+        user.enter("startTypeTimed", true);
+        const OrdinaryUser ordinary;
+        QVERIFY(!QFile("locked/rules.rsf").open(QIODevice::WriteOnly | QIODevice::Append));
+        user.press("exportButton");
+        QVERIFY(user.value("startTypeTimed").toBool());
+    });
+    QCOMPARE(contentOf("locked/rules.rsf"), before);
+    QCOMPARE(rules.startType(), int(CRaceSettings::TimedStart)); // Ok works as ever
+    QVERIFY(QFile::setPermissions("locked", QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+void tst_CKelmoRaceSettingsFiles::exportOverAFileOfAnotherKindCanBeImportedAgain_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("binary") << QByteArray("\x7f\x45LF\0\1\2[\xff]=%\n;\0", 16);
+    QTest::newRow("text") << QByteArray("Liebes Tagebuch,\nheute war Rennen.\n");
+    QTest::newRow("cut") << QByteArray("[DefaultRaceSettings]\nnumberOfLaps=\nstartDel");
+}
+
+void tst_CKelmoRaceSettingsFiles::exportOverAFileOfAnotherKindCanBeImportedAgain()
+{
+    QFETCH(QByteArray, content);
+    QVERIFY(writeContent("rules.rsf", content));
+    CRaceSettings rules = ordinaryRules();
+    CKelmoRaceSettings dialog(&rules);
+    answer(dialog, "rules.rsf");
+    const auto work = [](const DialogUser& user) {
+        user.enter("endTypeLaps", true);
+        user.enter("numberOfLaps", 42);
+        user.press("exportButton");
+    };
+    open(dialog, work, "cancelButton");
+    CRaceSettings expected = ordinaryRules();
+    expected.setEndType(CRaceSettings::LapLimit);
+    expected.setNumberOfLaps(42);
+    QVERIFY(writeContent("copy.rsf", contentOf("rules.rsf")));
+    QCOMPARE(imported("copy.rsf").toText(), expected.toText());
 }
 
 void tst_CKelmoRaceSettingsFiles::driversCarsAndRacewayStay()
