@@ -372,7 +372,7 @@ void compareWithTable(const ControlWalk::Walk& walk, const ControlTable<Record>&
                             row.seen.join(" | ")));
     }
     names.sort();
-    QCOMPARE(walk.names, names);
+    QCOMPARE(walk.names.join(", "), names.join(", "));
     QStringList others = walk.otherTexts;
     QStringList expected = table.otherTexts;
     others.sort();
