@@ -52,6 +52,25 @@ void showFreeFields(int count)
     config.write();
 }
 
+/** Rules by which most controls can be used, each number at its longest. */
+void useEveryRule(CRaceSettings& rules)
+{
+    CFuelSettings fuel;
+    fuel.setFuelFunction(CFuelSettings::FuelSameForAll);
+    fuel.setEmptyFuelReaction(3); // the power stutters
+    fuel.setEmptyFuelStutterFrequency(10);
+    fuel.setRefuelAmount(888.88);
+    fuel.setMaxFuelUsageAmount(888.88);
+    fuel.setTankSize(888.88);
+    rules.setFuelSettings(fuel);
+    rules.setStartType(CRaceSettings::TimedStart);
+    rules.setEndType(CRaceSettings::LapLimit);
+    rules.setNumberOfLaps(8888);
+    rules.setWinningCondition(6);
+    rules.setNumOfWorstLapsToIgnore(888);
+    rules.setUseTargetTime(true);
+}
+
 } // namespace
 
 /** Each dialog over the dashboard; with TORNIK_PICTURES set, for a person to look at. */
@@ -83,10 +102,15 @@ void tst_DialogPictures::raceSettingsAreWhollyVisible_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<int>("tab");
+    QTest::addColumn<bool>("on");
     for (const char* language : {"de", "en"}) {
-        for (int tab = 0; tab < 3; ++tab)
-            QTest::newRow(qPrintable(QStringLiteral("race-settings-%1-%2").arg(tab).arg(language)))
-                << language << tab;
+        for (int tab = 0; tab < 3; ++tab) {
+            for (const bool on : {true, false}) {
+                const QString name =
+                    QStringLiteral("race-settings-%1-%2-%3").arg(tab).arg(on ? "on" : "off", language);
+                QTest::newRow(qPrintable(name)) << language << tab << on;
+            }
+        }
     }
 }
 
@@ -94,12 +118,10 @@ void tst_DialogPictures::raceSettingsAreWhollyVisible()
 {
     QFETCH(QString, language);
     QFETCH(int, tab);
+    QFETCH(bool, on);
     const Dashboard dashboard(language);
-    CFuelSettings fuel;
-    fuel.setFuelFunction(CFuelSettings::FuelSameForAll);
-    fuel.setEmptyFuelReaction(3); // the power stutters
-    dashboard->raceSettings.setFuelSettings(fuel);
-    dashboard->raceSettings.setStartType(CRaceSettings::TimedStart);
+    if (on)
+        useEveryRule(dashboard->raceSettings);
     ModalAnswers answers;
     answers.expect([tab](QDialog* dialog) {
         dialog->findChild<QTabWidget*>("tabs")->setCurrentIndex(tab);
