@@ -192,7 +192,7 @@ inline void look(QDialog* dialog, const QString& name)
     QApplication::processEvents();
     QVERIFY(savePicture(dialog, name));
     QCOMPARE(clippedWidgets(dialog).join(", "), QString());
-    QCOMPARE(raggedColumns(dialog), QStringList());
+    QCOMPARE(raggedColumns(dialog).join(", "), QString());
     QCOMPARE(collidingMnemonics(dialog), QStringList());
     QVERIFY2(dialog->width() <= SmallScreen.width() && dialog->height() <= SmallScreen.height(),
              qPrintable(QStringLiteral("%1x%2").arg(dialog->width()).arg(dialog->height())));
