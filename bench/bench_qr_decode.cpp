@@ -1,7 +1,7 @@
 // How long the reader looks at one picture of 1280 x 720, with a code in it and without; beside it
 // the conversion of a colour picture of that size to grey.
 
-#include "CodePictures.h"
+#include "support/CodePictures.h"
 
 #include <benchmark/benchmark.h>
 

@@ -105,6 +105,8 @@ void CQrCodeGenerator::beginDocument(const QString& /*subject*/, const QString& 
     m_currentColumn = 0;
 }
 
+// Labels are HTML, in which a name as it stands would lose its "<" and "&"; here they depart from their
+// usual form, which takes each text as it is.
 void CQrCodeGenerator::addCar(const CCar& car, const QString& labelEnd)
 {
     const QString label = QStringLiteral("%1<br><b>%2&nbsp;%3</b>%4")

@@ -141,7 +141,12 @@ void tst_qr_codes::aKeyShowsTheCameraAndACardChoosesTheDriver()
     const QStringList before = evening.choice();
     QVERIFY(before[2].startsWith("Carla/"));
     evening.read(Qt::Key_3, [&](CQrCodeReaderDialog* reader) {
-        QTRY_COMPARE(reader->grab().toImage().pixelColor(reader->rect().center()), QColor(90, 110, 100));
+        const auto middle = [reader] { return reader->grab().toImage().pixelColor(reader->rect().center()); };
+        QTRY_COMPARE(middle(), QColor(90, 110, 100));
+        QImage hand = TestCameras::wall();
+        hand.fill(QColor(200, 160, 140));
+        evening.cameras.show("a", hand);
+        QTRY_COMPARE(middle(), QColor(200, 160, 140));
         evening.cameras.showCode("a", "<drv>Ben");
     });
     QCOMPARE(evening.choice(), changed(before, 3, QString(before[2]).replace("Carla", "Ben")));

@@ -15,6 +15,8 @@ constexpr int ShortestSide = 8;   // of a cell that is empty
 constexpr int ShortestLine = 160; // of the table; nothing else on the page is dark that far
 constexpr int Dark = 190;         // the lines of the table are grey
 
+const QStringList ForeignReader{"--quiet", "--nodbus", "--raw", "-Sdisable", "-Sqrcode.enable"};
+
 /** @return the spans between the lines of a frame. @param isLine tells of each place whether a line runs
  * there */
 template <typename IsLine>
@@ -159,9 +161,17 @@ QStringList PrintedPages::labels() const
     return labels;
 }
 
+QString PrintedPages::text() const
+{
+    QStringList words;
+    for (const Word& word : m_words)
+        words.append(word.text);
+    return words.join(' ').replace(QChar::Nbsp, ' ');
+}
+
 QStringList PrintedPages::foreignReading() const
 {
-    QStringList arguments{"--quiet", "--nodbus", "--raw", "-Sdisable", "-Sqrcode.enable"};
+    QStringList arguments = ForeignReader;
     for (const Code& code : codes()) {
         if (isBlank(code.page, code.imageCell))
             continue;
@@ -169,6 +179,11 @@ QStringList PrintedPages::foreignReading() const
         picture(code).save(arguments.last());
     }
     return lines("zbarimg", arguments);
+}
+
+QStringList PrintedPages::foreignReading(int page) const
+{
+    return lines("zbarimg", ForeignReader + QStringList{m_files[page]});
 }
 
 void PrintedPages::save(const QString& namePattern) const

@@ -24,6 +24,9 @@ public:
     int count() const { return m_pages.size(); }
     /** @return page by page, row by row; the empty cells of the last row are there, too. */
     QVector<Code> codes() const;
+    const QImage& page(int number) const { return m_pages[number]; }
+    /** @return all words of all pages, in their order. */
+    QString text() const;
     QImage picture(const Code& code) const { return m_pages[code.page].copy(code.imageCell); }
     /** @return whether nothing is printed in there. */
     bool isBlank(int page, const QRect& cell) const;
@@ -35,6 +38,8 @@ public:
     /** @return what the foreign reader finds in each code, in their order; nothing for a code it can't read.
      */
     QStringList foreignReading() const;
+    /** @return what the foreign reader finds anywhere on a page. */
+    QStringList foreignReading(int page) const;
     void save(const QString& namePattern) const;
 
 private:

@@ -1,6 +1,6 @@
 #include "qr/QZXing.h"
+#include "support/CodePictures.h"
 
-#include <QPainter>
 #include <QtTest>
 
 namespace {
@@ -51,6 +51,8 @@ private Q_SLOTS:
     void aLargePictureIsScaledDownToTheLimit();
     void anyKindOfPicture_data();
     void anyKindOfPicture();
+    void inPoorLight_data();
+    void inPoorLight();
     void picturesWithoutACode_data();
     void picturesWithoutACode();
 };
@@ -178,6 +180,29 @@ void tst_QZXing::anyKindOfPicture()
     QFETCH(int, format);
     const QImage picture = placed(code("Anna"), Qt::white).convertToFormat(QImage::Format(format));
     QCOMPARE(thoroughDecoder().decodeImage(picture), QString("Anna"));
+}
+
+/** What is too faint, too uneven or too grainy to be told black from white by the library alone. */
+void tst_QZXing::inPoorLight_data()
+{
+    using namespace CodePictures;
+    const QImage held = scene("<drv>Anna", upright(240, 8));
+    QTest::addColumn<QImage>("picture");
+    QTest::newRow("noise") << noisy(held, 80, 3);
+    QTest::newRow("heavy noise") << noisy(held, 105, 37);
+    QTest::newRow("low light") << dark(held, 8, 5);
+    QTest::newRow("low light, small") << dark(scene("<drv>Anna", upright(100, 10)), 14, 2);
+    QTest::newRow("shade") << noisy(
+        eachDot(held, [](double value, int x,
+                         int) { return value * (0.04 + 0.8 / (1 + std::exp((680 - x) / 15.0))); }),
+        1.5, 7);
+    QTest::newRow("glare") << glaring(held, 0.8, QPointF(800, 250), 400);
+}
+
+void tst_QZXing::inPoorLight()
+{
+    QFETCH(QImage, picture);
+    QCOMPARE(thoroughDecoder().decodeImage(picture), QString("<drv>Anna"));
 }
 
 void tst_QZXing::picturesWithoutACode_data()

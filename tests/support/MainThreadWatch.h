@@ -54,10 +54,16 @@ struct MainThreadWatch
     }
 
     /** @return processor time of this process, all its threads, in microseconds. */
-    static qint64 processorTime()
+    static qint64 processorTime() { return timeOf(RUSAGE_SELF); }
+
+    /** @return processor time of all threads of this process but the calling one, in microseconds. */
+    static qint64 timeOfOtherThreads() { return timeOf(RUSAGE_SELF) - timeOf(RUSAGE_THREAD); }
+
+private:
+    static qint64 timeOf(int who)
     {
         rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
+        getrusage(__rusage_who_t(who), &usage);
         return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * qint64(1000000) + usage.ru_utime.tv_usec +
                usage.ru_stime.tv_usec;
     }

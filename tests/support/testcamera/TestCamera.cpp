@@ -110,6 +110,7 @@ private:
 class TestCameraStills : public QCameraImageCaptureControl
 {
     Q_OBJECT
+    Q_PROPERTY(int timesTurnedTo READ timesTurnedTo) // may be read from any thread
 
 public:
     TestCameraStills(TestCameraDestination* destination, QObject* parent)
@@ -117,7 +118,14 @@ public:
     {
     }
 
-    bool isReadyForCapture() const override { return m_running && m_asked == 0; }
+    bool isReadyForCapture() const override
+    {
+        turnTo();
+        return m_running && m_asked == 0;
+    }
+    /** @return how often its user has asked whether it is ready, or left it. */
+    int timesTurnedTo() const { return m_timesTurnedTo; }
+    void turnTo() const { ++m_timesTurnedTo; }
     QCameraImageCapture::DriveMode driveMode() const override
     {
         return QCameraImageCapture::SingleImageCapture;
@@ -144,6 +152,7 @@ public:
 
 private:
     TestCameraDestination* m_destination;
+    mutable std::atomic<int> m_timesTurnedTo{0};
     std::atomic<bool> m_running{false};
     std::atomic<int> m_asked{0};
     std::atomic<int> m_lastId{0};
@@ -280,7 +289,11 @@ public:
         }
         return nullptr;
     }
-    void releaseControl(QMediaControl*) override {}
+    void releaseControl(QMediaControl* control) override
+    {
+        if (control == m_stills)
+            m_stills->turnTo();
+    }
 
 private:
     TestCameraDevices* m_devices;

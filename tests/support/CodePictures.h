@@ -1,11 +1,10 @@
-#ifndef TORNIK_BENCH_CODEPICTURES_H
-#define TORNIK_BENCH_CODEPICTURES_H
+#ifndef TORNIK_TESTS_SUPPORT_CODEPICTURES_H
+#define TORNIK_TESTS_SUPPORT_CODEPICTURES_H
 
 #include "qr/QZXing.h"
 
 #include <QImage>
 #include <QPainter>
-#include <QRadialGradient>
 #include <QRandomGenerator>
 #include <QString>
 #include <QTransform>
@@ -24,7 +23,7 @@ constexpr int Height = 720;
 
 struct Picture
 {
-    QImage image; ///< 8 bits of grey
+    std::function<QImage()> make; ///< 8 bits of grey; takes its time
     QString text;
 };
 
@@ -33,7 +32,7 @@ struct Kind
 {
     QString name;
     QString levels;
-    std::function<std::vector<Picture>()> make;
+    std::vector<Picture> pictures;
 };
 
 inline QVector<QString> texts()
@@ -42,7 +41,7 @@ inline QVector<QString> texts()
             QStringLiteral("<car>") + QStringLiteral("Adelheid von Ückermünde ").repeated(3)};
 }
 
-/** @return the code on paper as it is printed: a narrow margin, a grey frame, the label beside it. */
+/** @return the code on paper as it is printed: in a grey frame, with a narrow margin. */
 inline QImage card(const QString& text)
 {
     constexpr int Side = 480;
@@ -169,7 +168,7 @@ inline QTransform tilted(double side, double angle, Qt::Axis axis, double turn)
     return QTransform().scale(side / 480, side / 480) * tilt;
 }
 
-/** Each text at each level. */
+/** Each text at each level. @param make keeps no reference to anything */
 template <typename Level, typename Make>
 std::vector<Picture> overLevels(const std::vector<Level>& levels, Make make)
 {
@@ -177,7 +176,7 @@ std::vector<Picture> overLevels(const std::vector<Level>& levels, Make make)
     quint32 seed = 1;
     for (const Level& level : levels) {
         for (const QString& text : texts())
-            pictures.push_back({make(text, level, seed++), text});
+            pictures.push_back({[=, seed = seed++] { return make(text, level, seed); }, text});
     }
     return pictures;
 }
@@ -190,88 +189,87 @@ inline std::vector<double> range(double from, double to, double step)
     return values;
 }
 
+inline std::vector<Picture> tiltedPictures()
+{
+    std::vector<Picture> all;
+    for (const auto axis : {Qt::XAxis, Qt::YAxis}) {
+        for (const double turn : {0.0, 30.0}) {
+            const auto some = overLevels(range(20, 70, 10), [=](const QString& text, double angle, quint32) {
+                return scene(text, tilted(260, angle, axis, turn));
+            });
+            all.insert(all.end(), some.begin(), some.end());
+        }
+    }
+    return all;
+}
+
+inline std::vector<Picture> glaringPictures()
+{
+    std::vector<Picture> all;
+    for (const QPointF middle : {QPointF(800, 250), QPointF(700, 400)}) {
+        for (const double radius : {120.0, 400.0}) {
+            const auto some =
+                overLevels(range(0.4, 2, 0.4), [=](const QString& text, double strength, quint32) {
+                    return glaring(scene(text, upright(240, 8)), strength, middle, radius);
+                });
+            all.insert(all.end(), some.begin(), some.end());
+        }
+    }
+    return all;
+}
+
+/** @return a card held askew under a lamp at the right. */
+inline QImage shaded(const QString& text, double angle, quint32 seed)
+{
+    const QImage held = scene(text, tilted(200, 15 + angle / 20, Qt::YAxis, angle));
+    const QImage lit =
+        eachDot(held, [](double value, int x, int) { return value * (0.25 + 0.5 * x / Width); });
+    return noisy(blurred(lit, 1.0), 6, seed);
+}
+
 inline std::vector<Kind> kinds()
 {
     return {
         {"rotation", "0 to 345 degrees, each 15",
-         [] {
-             return overLevels(range(0, 345, 15), [](const QString& text, double angle, quint32) {
-                 return scene(text, upright(240, angle));
-             });
-         }},
-        {"tilt", "20 to 70 degrees, four directions",
-         [] {
-             std::vector<Picture> all;
-             for (const auto axis : {Qt::XAxis, Qt::YAxis}) {
-                 for (const double turn : {0.0, 30.0}) {
-                     const auto some =
-                         overLevels(range(20, 70, 10), [&](const QString& text, double angle, quint32) {
-                             return scene(text, tilted(260, angle, axis, turn));
-                         });
-                     all.insert(all.end(), some.begin(), some.end());
-                 }
-             }
-             return all;
-         }},
+         overLevels(range(0, 345, 15), [](const QString& text, double angle,
+                                          quint32) { return scene(text, upright(240, angle)); })},
+        {"tilt", "20 to 70 degrees, four directions", tiltedPictures()},
         {"blur", "deviation 1 to 6 dots",
-         [] {
-             return overLevels(range(1, 6, 0.5), [](const QString& text, double deviation, quint32) {
-                 return blurred(scene(text, upright(240, 5)), deviation);
-             });
-         }},
+         overLevels(range(1, 6, 0.5),
+                    [](const QString& text, double deviation, quint32) {
+                        return blurred(scene(text, upright(240, 5)), deviation);
+                    })},
         {"movement", "3 to 18 dots",
-         [] {
-             return overLevels(range(3, 18, 1.5), [](const QString& text, double dots, quint32) {
-                 return moved(scene(text, upright(240, 5)), int(dots));
-             });
-         }},
+         overLevels(range(3, 18, 1.5),
+                    [](const QString& text, double dots, quint32) {
+                        return moved(scene(text, upright(240, 5)), int(dots));
+                    })},
         {"noise", "deviation 15 to 120 of 255",
-         [] {
-             return overLevels(range(15, 120, 7.5), [](const QString& text, double deviation, quint32 seed) {
-                 return noisy(scene(text, upright(240, 8)), deviation, seed);
-             });
-         }},
+         overLevels(range(15, 120, 7.5),
+                    [](const QString& text, double deviation, quint32 seed) {
+                        return noisy(scene(text, upright(240, 8)), deviation, seed);
+                    })},
         {"low light", "5 to 60 of 255 between black and white, noise 1.5",
-         [] {
-             return overLevels(range(5, 60, 5), [](const QString& text, double levels, quint32 seed) {
-                 return dark(scene(text, upright(240, 8)), levels, seed);
-             });
-         }},
-        {"glare", "lamp of strength 0.4 to 2, at the edge and inside",
-         [] {
-             std::vector<Picture> all;
-             for (const QPointF middle : {QPointF(800, 250), QPointF(700, 400)}) {
-                 for (const double radius : {120.0, 400.0}) {
-                     const auto some =
-                         overLevels(range(0.4, 2, 0.4), [&](const QString& text, double strength, quint32) {
-                             return glaring(scene(text, upright(240, 8)), strength, middle, radius);
-                         });
-                     all.insert(all.end(), some.begin(), some.end());
-                 }
-             }
-             return all;
-         }},
+         overLevels(range(5, 60, 5),
+                    [](const QString& text, double levels, quint32 seed) {
+                        return dark(scene(text, upright(240, 8)), levels, seed);
+                    })},
+        {"glare", "lamp of strength 0.4 to 2, at the edge and inside", glaringPictures()},
         {"inverted", "0 to 345 degrees, each 15",
-         [] {
-             return overLevels(range(0, 345, 15), [](const QString& text, double angle, quint32) {
-                 return inverted(scene(text, upright(240, angle)));
-             });
-         }},
+         overLevels(range(0, 345, 15), [](const QString& text, double angle,
+                                          quint32) { return inverted(scene(text, upright(240, angle))); })},
         {"small", "24 to 120 dots a side, noise 3",
-         [] {
-             return overLevels(range(24, 120, 8), [](const QString& text, double side, quint32 seed) {
-                 return noisy(scene(text, upright(side, 10)), 3, seed);
-             });
-         }},
+         overLevels(range(24, 120, 8),
+                    [](const QString& text, double side, quint32 seed) {
+                        return noisy(scene(text, upright(side, 10)), 3, seed);
+                    })},
+        {"small in low light", "60 to 140 dots a side, 14 of 255 between black and white, noise 1.5",
+         overLevels(range(60, 140, 10),
+                    [](const QString& text, double side, quint32 seed) {
+                        return dark(scene(text, upright(side, 10)), 14, seed);
+                    })},
         {"all at once", "tilted, turned, dim, noisy, lit from one side",
-         [] {
-             return overLevels(range(0, 330, 30), [](const QString& text, double angle, quint32 seed) {
-                 const QImage held = scene(text, tilted(200, 15 + angle / 20, Qt::YAxis, angle));
-                 const QImage lit = eachDot(
-                     held, [&](double value, int x, int) { return value * (0.25 + 0.5 * x / Width); });
-                 return noisy(blurred(lit, 1.0), 6, seed);
-             });
-         }},
+         overLevels(range(0, 330, 30), shaded)},
     };
 }
 
