@@ -74,27 +74,6 @@ void append(QString& text, const QString& word)
     text += word;
 }
 
-// A car from a file may have a longer text or another amount than its field can show. The car keeps it
-// where the user has left the field alone.
-
-QString textOf(const QLineEdit* edit, const QString& before)
-{
-    const bool untouched = edit->text() == before.left(edit->maxLength());
-    return untouched ? before : edit->text();
-}
-
-int numberOf(const QLineEdit* edit, int before)
-{
-    return textOf(edit, QString::number(before)).toInt();
-}
-
-double valueOf(const QDoubleSpinBox* box, double before)
-{
-    const double rounded = QString::number(before, 'f', box->decimals()).toDouble();
-    const bool untouched = box->value() == qBound(box->minimum(), rounded, box->maximum());
-    return untouched ? before : box->value();
-}
-
 } // namespace
 
 CCarEditorDlg::CCarEditorDlg(QWidget* parent) : QDialog(parent)
@@ -318,30 +297,29 @@ int CCarEditorDlg::run(CCar& car)
     return result;
 }
 
-/** Also the fields that the user doesn't see. */
+/** All that the form holds, also the fields that the user doesn't see. */
 void CCarEditorDlg::storeCar(CCar& car) const
 {
-    car.setName(textOf(m_name, car.name()));
-    car.setOriginalManufacturer(textOf(m_originalManufacturer, car.originalManufacturer()));
-    car.setOriginalType(textOf(m_originalType, car.originalType()));
-    car.setStartNumber(textOf(m_startNumber, car.startNumber()));
-    car.setScale(numberOf(m_scale, car.scale()));
+    car.setName(m_name->text());
+    car.setOriginalManufacturer(m_originalManufacturer->text());
+    car.setOriginalType(m_originalType->text());
+    car.setStartNumber(m_startNumber->text());
+    car.setScale(m_scale->text().toInt());
     car.setSpeedClass(m_speedClass->currentIndex() + 1);
-    car.setModelManufacturer(textOf(m_modelManufacturer, car.modelManufacturer()));
-    car.setChassis(textOf(m_chassis, car.chassis()));
-    car.setComment(textOf(m_comment, car.comment()));
+    car.setModelManufacturer(m_modelManufacturer->text());
+    car.setChassis(m_chassis->text());
+    car.setComment(m_comment->text());
     car.setFuelTank(storedTank(car.fuelTank()));
-    car.setDistanceDriven(numberOf(m_distance, car.distanceDriven()));
+    car.setDistanceDriven(m_distance->text().toInt());
     for (int index = 0; index < CCarEditorConfig::NumberOfFields; ++index)
-        car.setFreeField(index, textOf(m_freeFields[std::size_t(index)].text, car.freeField(index)));
+        car.setFreeField(index, m_freeFields[std::size_t(index)].text->text());
 }
 
 CFuelTank CCarEditorDlg::storedTank(CFuelTank tank) const
 {
-    tank.setTankSizeAndReserveLevel(valueOf(m_tankSize, tank.tankSize()),
-                                    valueOf(m_reserveLevel, tank.reserveLevel()));
-    tank.setMaxUsage(valueOf(m_maxUsage, tank.maxUsageAmount()), CCarList::MaxUsageTime);
-    tank.setMinUsage(valueOf(m_minUsage, tank.minUsageAmount()), CCarList::MinUsageTime);
+    tank.setTankSizeAndReserveLevel(m_tankSize->value(), m_reserveLevel->value());
+    tank.setMaxUsage(m_maxUsage->value(), CCarList::MaxUsageTime);
+    tank.setMinUsage(m_minUsage->value(), CCarList::MinUsageTime);
     return tank;
 }
 

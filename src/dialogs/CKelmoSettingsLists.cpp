@@ -155,8 +155,10 @@ void CKelmoSettings::vNewRaceway()
     CRacewayWizard wizard(this);
     if (wizard.createRaceway(&raceway) != Accepted)
         return;
+    const int before = m_racewayList->racewayCount();
     m_racewayList->addRaceway(raceway);
-    showRaceways(newestRow(*m_racewayList));
+    const bool added = m_racewayList->racewayCount() > before;
+    showRaceways(added ? newestRow(*m_racewayList) : CListTab::NoRow);
 }
 
 void CKelmoSettings::vEditRaceway()
@@ -204,8 +206,10 @@ void CKelmoSettings::vNewCar()
     CCar car;
     if (m_carEditor->newCar(&car) != Accepted)
         return;
+    const int before = m_carList->count();
     m_carList->addCar(car);
-    showCars(newestRow(m_carList->allCars()));
+    const bool added = m_carList->count() > before;
+    showCars(added ? newestRow(m_carList->allCars()) : CListTab::NoRow);
 }
 
 void CKelmoSettings::vEditCar()
@@ -281,8 +285,10 @@ void CKelmoSettings::vNewDriver()
     CDriver driver;
     if (m_driverEditor->newDriver(&driver) != Accepted)
         return;
+    const int before = m_driverList->count();
     m_driverList->addDriver(driver);
-    showDrivers(newestRow(m_driverList->allDrivers()));
+    const bool added = m_driverList->count() > before;
+    showDrivers(added ? newestRow(m_driverList->allDrivers()) : CListTab::NoRow);
 }
 
 void CKelmoSettings::vEditDriver()

@@ -77,12 +77,13 @@ private Q_SLOTS:
     void consumptionGetsItsLapTimesAndTheTankKeepsItsLevel();
     void emptyNumbersAreStoredAsZero();
     void anEmptyNameAndAnOldStartNumberAreAccepted();
-    void whatIsTooLongForItsFieldStaysWholeUntilItIsEdited();
-    void amountsOutsideTheRangeStayUntilTheyAreEdited();
+    void whatIsTooLongForItsFieldIsCutToItOnOk();
+    void amountsOutsideTheRangeBecomeThoseOfTheirBoxesOnOk();
     void amountsThatAreNoNumbersAreHarmless();
     void distanceIsChangedOnPurposeOnly();
     void distanceIsLockedAgainAtTheNextOpening();
     void keyboardWalksFromTheTopToTheBottom();
+    void lettersPressTheirButtons();
     void returnAcceptsAndEscapeCancels();
 };
 
@@ -550,7 +551,7 @@ void tst_CCarEditorDlg::anEmptyNameAndAnOldStartNumberAreAccepted()
     QCOMPARE(car.startNumber(), QString("23"));
 }
 
-void tst_CCarEditorDlg::whatIsTooLongForItsFieldStaysWholeUntilItIsEdited()
+void tst_CCarEditorDlg::whatIsTooLongForItsFieldIsCutToItOnOk()
 {
     CCar imported = porsche();
     imported.setName(QString(130, 'n'));
@@ -565,28 +566,31 @@ void tst_CCarEditorDlg::whatIsTooLongForItsFieldStaysWholeUntilItIsEdited()
         QCOMPARE(user.value("carName").toString(), QString(120, 'n'));
         QCOMPARE(user.value("scale").toString(), QString("100"));
     });
+    CCar cut = imported;
+    cut.setName(QString(120, 'n'));
+    cut.setStartNumber("A12");
+    cut.setComment(QString(255, 'c'));
+    cut.setScale(100);
+    cut.setDistanceDriven(-214748364);
+    cut.setFreeField(9, QString(120, 'f'));
+    QCOMPARE(bytesOf(car), bytesOf(cut));
+    car = imported;
+    open(
+        editor, EditCar, car, [](const DialogUser&) {}, "cancelButton");
     QCOMPARE(bytesOf(car), bytesOf(imported));
-    open(editor, EditCar, car, [](const DialogUser& user) {
-        user.enter("carName", "kurz");
-        user.enter("scale", 24);
-    });
-    QCOMPARE(car.name(), QString("kurz"));
-    QCOMPARE(car.scale(), 24);
 }
 
-void tst_CCarEditorDlg::amountsOutsideTheRangeStayUntilTheyAreEdited()
+void tst_CCarEditorDlg::amountsOutsideTheRangeBecomeThoseOfTheirBoxesOnOk()
 {
     CCarEditorDlg editor;
-    const CCar imported = withTank(porsche(), 5000, 12.3456, 0, -1);
-    CCar car = imported;
+    CCar car = withTank(porsche(), 5000, 12.3456, 0, -1);
     open(editor, EditCar, car, [](const DialogUser& user) {
         QCOMPARE(user.value("tankSize").toDouble(), 999.99);
         QCOMPARE(user.value("reserveLevel").toDouble(), 12.35);
         QCOMPARE(user.value("maxUsage").toDouble(), 0.1);
+        QCOMPARE(user.value("minUsage").toDouble(), 0.1);
     });
-    QCOMPARE(bytesOf(car), bytesOf(imported));
-    open(editor, EditCar, car, [](const DialogUser& user) { user.enter("tankSize", 60); });
-    QCOMPARE(bytesOf(car), bytesOf(withTank(porsche(), 60, 12.3456, 0, -1)));
+    QCOMPARE(bytesOf(car), bytesOf(withTank(porsche(), 999.99, 12.35, 0.1, 0.1)));
 }
 
 void tst_CCarEditorDlg::amountsThatAreNoNumbersAreHarmless()
@@ -595,6 +599,11 @@ void tst_CCarEditorDlg::amountsThatAreNoNumbersAreHarmless()
     const double infinity = std::numeric_limits<double>::infinity();
     CCarEditorDlg editor;
     CCar car = withTank(porsche(), nan, infinity, -infinity, 1e300);
+    open(editor, EditCar, car, [](const DialogUser&) {});
+    const CFuelTank tank = car.fuelTank();
+    for (const double amount :
+         {tank.tankSize(), tank.reserveLevel(), tank.maxUsageAmount(), tank.minUsageAmount()})
+        QVERIFY2(amount >= 0.1 && amount <= 999.99, qPrintable(QString::number(amount)));
     open(editor, EditCar, car, [](const DialogUser& user) {
         for (const char* name : AmountBoxes)
             user.enter(name, 7);
@@ -660,14 +669,31 @@ void tst_CCarEditorDlg::keyboardWalksFromTheTopToTheBottom()
                                    "configureButton",
                                    "okButton",
                                    "cancelButton"};
-        user.control("carName")->setFocus();
-        QStringList walked;
-        for (int step = 0; step < expected.size(); ++step) {
-            walked.append(QApplication::focusWidget()->objectName());
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        }
-        QCOMPARE(walked, expected);
+        QCOMPARE(user.walkFrom(expected.first()), expected);
     });
+}
+
+void tst_CCarEditorDlg::lettersPressTheirButtons()
+{
+    for (const auto letter : {Qt::Key_O, Qt::Key_A}) {
+        CCarEditorDlg editor;
+        CCar car = porsche();
+        ModalAnswers answers;
+        answers.expect([&answers, letter](QDialog* window) {
+            const DialogUser user(window);
+            user.enter("carName", "Neu");
+            answers.expect([](QDialog* config) {
+                QCOMPARE(config->objectName(), QString("carEditorConfigDialog"));
+                DialogUser(config).pressLetter(Qt::Key_A);
+            });
+            user.pressLetter(Qt::Key_K);
+            QTRY_COMPARE(answers.numberOfWindows(), 2); // the configuration is open and closed again
+            user.pressLetter(letter);
+        });
+        const bool accepted = letter == Qt::Key_O;
+        QCOMPARE(editor.editCar(&car), int(accepted));
+        QCOMPARE(car.name(), accepted ? QString("Neu") : porsche().name());
+    }
 }
 
 void tst_CCarEditorDlg::returnAcceptsAndEscapeCancels()

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void anEmptyNameIsAccepted();
     void cancellingLeavesTheDriverAlone();
     void theNextOpeningKnowsNothingOfTheOneBefore();
+    void keyboardWalksFromTheTopToTheBottom();
+    void lettersPressTheirButtons();
     void returnAcceptsAndEscapeCancels();
     void noDriverIsRefusedAtOnce();
     void storeDriverOnlyTellsOfAnAcceptance();
@@ -147,6 +149,34 @@ void tst_CDriverEditorDlg::theNextOpeningKnowsNothingOfTheOneBefore()
     });
     open(editor, &CDriverEditorDlg::newDriver, driver,
          [](const DialogUser& user) { QCOMPARE(user.value("driverName"), QVariant("")); });
+}
+
+void tst_CDriverEditorDlg::keyboardWalksFromTheTopToTheBottom()
+{
+    CDriverEditorDlg editor;
+    CDriver driver = anna();
+    open(editor, &CDriverEditorDlg::editDriver, driver, [](const DialogUser& user) {
+        const QStringList expected{"driverName", "okButton", "cancelButton"};
+        QVERIFY(user.control("driverName")->hasFocus());
+        QCOMPARE(user.walkFrom(expected.first()), expected);
+    });
+}
+
+void tst_CDriverEditorDlg::lettersPressTheirButtons()
+{
+    for (const auto letter : {Qt::Key_O, Qt::Key_A}) {
+        CDriverEditorDlg editor;
+        CDriver driver = anna();
+        ModalAnswers answers;
+        answers.expect([letter](QDialog* window) {
+            const DialogUser user(window);
+            user.enter("driverName", "Bert");
+            user.pressLetter(letter);
+        });
+        const bool accepted = letter == Qt::Key_O;
+        QCOMPARE(editor.editDriver(&driver), int(accepted));
+        QCOMPARE(driver.name(), QString(accepted ? "Bert" : "Anna"));
+    }
 }
 
 void tst_CDriverEditorDlg::returnAcceptsAndEscapeCancels()

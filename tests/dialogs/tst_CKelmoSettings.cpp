@@ -496,17 +496,9 @@ void tst_CKelmoSettings::keyboardWalksFromTheTopToTheBottom()
     fixture.cameras = QStringList{"Kamera am Deckel", "Kamera am Kabel"};
     fixture.open([&](const DialogUser& user) {
         user.control<QTabWidget>("tabs")->setCurrentIndex(tab);
-        const QStringList expected = controls + QStringList{"okButton", "cancelButton"};
-        user.control(qPrintable(expected.first()))->setFocus();
-        QStringList walked;
-        for (int step = 0; step < expected.size(); ++step) {
-            QWidget* focus = QApplication::focusWidget();
-            walked.append(focus->objectName());
-            // A time field walks through its parts first.
-            for (int part = 0; part < 3 && QApplication::focusWidget() == focus; ++part)
-                QTest::keyClick(focus, Qt::Key_Tab);
-        }
-        QCOMPARE(walked, expected);
+        const QStringList expected =
+            controls + QStringList{"okButton", "cancelButton", "qt_tabwidget_tabbar"};
+        QCOMPARE(user.walkFrom(expected.first()), expected);
     });
 }
 

@@ -1,9 +1,8 @@
 #include "dialogs/CRaceStartDlg.h"
+#include "support/DialogUser.h"
 #include "support/ModalAnswers.h"
 
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 
 namespace {
 
@@ -31,6 +30,8 @@ private Q_SLOTS:
     void theNameTakesAtMost120Characters();
     void returnStartsTheRace();
     void theLastNameStandsSelectedTheNextTime();
+    void keyboardWalksFromTheTopToTheBottom();
+    void lettersPressTheirButtons();
 };
 
 void tst_CRaceStartDlg::showsItsTexts()
@@ -121,6 +122,38 @@ void tst_CRaceStartDlg::theLastNameStandsSelectedTheNextTime()
     });
     QCOMPARE(dialog.run(name), int(QDialog::Accepted));
     QCOMPARE(name, QString("Lauf 2"));
+}
+
+void tst_CRaceStartDlg::keyboardWalksFromTheTopToTheBottom()
+{
+    ModalAnswers answers;
+    answers.expect([](QDialog* window) {
+        const DialogUser user(window);
+        const QStringList expected{"raceName", "startButton", "cancelButton"};
+        QVERIFY(user.control("raceName")->hasFocus());
+        QCOMPARE(user.walkFrom(expected.first()), expected);
+        window->reject();
+    });
+    CRaceStartDlg dialog;
+    QString name;
+    QCOMPARE(dialog.run(name), int(QDialog::Rejected));
+}
+
+void tst_CRaceStartDlg::lettersPressTheirButtons()
+{
+    for (const auto letter : {Qt::Key_S, Qt::Key_A}) {
+        ModalAnswers answers;
+        answers.expect([letter](QDialog* window) {
+            const DialogUser user(window);
+            user.enter("raceName", "Finale");
+            user.pressLetter(letter);
+        });
+        CRaceStartDlg dialog;
+        QString name = "vorher";
+        const bool started = letter == Qt::Key_S;
+        QCOMPARE(dialog.run(name), int(started));
+        QCOMPARE(name, QString(started ? "Finale" : "vorher"));
+    }
 }
 
 QTEST_MAIN(tst_CRaceStartDlg)

@@ -2,6 +2,7 @@
 #define TORNIK_TESTS_SUPPORT_DIALOGUSER_H
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
@@ -43,6 +44,16 @@ public:
     {
         bringUp(control(button));
         press(button);
+    }
+
+    /** Presses the button of an underlined letter, which springs back and acts a moment later. */
+    void pressLetter(Qt::Key letter) const
+    {
+        // Letters reach the buttons of the active window alone, and one over this may just have closed.
+        m_dialog->activateWindow();
+        if (!QTest::qWaitFor([this] { return m_dialog->isActiveWindow(); }))
+            QTest::qFail("the dialog doesn't become active", __FILE__, __LINE__);
+        QTest::keyClick(m_dialog, letter, Qt::AltModifier);
     }
 
     /** Gives a control its value: bool, number, text or time. Does nothing if it is disabled. */
@@ -106,6 +117,21 @@ public:
     {
         const QModelIndexList rows = control<QTreeView>(tree)->selectionModel()->selectedRows();
         return rows.isEmpty() ? -1 : rows.first().row();
+    }
+
+    /** @return the names of the controls that the tab key stops at, from one until it is back there. */
+    QStringList walkFrom(const QString& first) const
+    {
+        control(qPrintable(first))->setFocus();
+        QStringList names;
+        do {
+            QWidget* focus = QApplication::focusWidget();
+            names.append(focus->objectName());
+            // A time field walks through its parts first.
+            for (int part = 0; part < 4 && QApplication::focusWidget() == focus; ++part)
+                QTest::keyClick(focus, Qt::Key_Tab);
+        } while (QApplication::focusWidget()->objectName() != first && names.size() < 100);
+        return names;
     }
 
     /** Types over what stands there and leaves the field. */
