@@ -2,34 +2,18 @@
 #include "shell/CLights.h"
 #include "shell/MainDialogFixture.h"
 #include "sound/CSoundOutput.h"
-#include "sound/SoundOutLib.h"
+#include "sound/RecordingSoundOutLib.h"
 
 #include <QProgressBar>
 
 namespace {
 
-/** Writes down what a voice is asked to speak. */
-class CRecordingVoice : public SoundOutLib
+/** Listens to the voice of a panel, from the settings on that a voice needs. */
+void listenToVoice(CTrackDisplay* panel, CSettings* settings, QStringList* calls)
 {
-public:
-    explicit CRecordingVoice(QStringList& spoken) : m_spoken(spoken) {}
-
-    int load(const char*) override { return 1; }
-    void unloadAll() override {}
-    void enqueue(int) override { m_spoken.append("sample"); }
-    void enqueue(const char* text) override { m_spoken.append(QString::fromLatin1(text)); }
-    void play() override {}
-    void stop() override {}
-
-private:
-    QStringList& m_spoken;
-};
-
-/** Listens to the voice of a panel; applies the settings, as the voice asks for it. */
-void listenToVoice(CTrackDisplay* panel, CSettings* settings, QStringList& spoken)
-{
-    panel->setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingVoice>(spoken)));
+    panel->setSoundOutput(std::make_unique<CSoundOutput>(std::make_unique<CRecordingSoundOutLib>(calls)));
     panel->setSettings(settings);
+    calls->clear();
 }
 
 CRaceEvent memberEvent(int track)
@@ -192,32 +176,32 @@ void tst_CKelmoMainDialogRace::memberEventWithoutAPanelIsDropped()
 
 void tst_CKelmoMainDialogRace::memberEventSpeaksTheLap()
 {
+    QStringList calls; // outlives the voice
     MainDialogFixture fixture;
     fixture.settings.setSoundEnhanced(true);
     fixture.settings.setSoundVoiceOutputLaps(true);
     fixture.setRaceway(racewayWithTracks(2));
-    QStringList spoken;
-    listenToVoice(fixture.track(1), &fixture.settings, spoken);
+    listenToVoice(fixture.track(1), &fixture.settings, &calls);
     fixture.dialog.HandleEventRace(memberEvent(0));
-    QCOMPARE(spoken, QStringList{"012"});
+    QCOMPARE(calls, QStringList({"stop", "text 012", "play"}));
 }
 
 void tst_CKelmoMainDialogRace::mutedClientDoesNotSpeak()
 {
+    QStringList calls; // outlives the voice
     MainDialogFixture fixture;
     fixture.settings.setSoundEnhanced(true);
     fixture.settings.setSoundVoiceOutputLaps(true);
     fixture.raceSettings.setRaceway(racewayWithTracks(2));
     fixture.dialog.enableClientMode();
-    QStringList spoken;
-    listenToVoice(fixture.track(1), &fixture.settings, spoken);
+    listenToVoice(fixture.track(1), &fixture.settings, &calls);
     fixture.settings.setClientsMuted(true);
     fixture.dialog.HandleEventRace(memberEvent(0));
-    QVERIFY(spoken.isEmpty());
+    QCOMPARE(calls, QStringList());
     QCOMPARE(fixture.text(1, "lapCount"), QString("012"));
     fixture.settings.setClientsMuted(false);
     fixture.dialog.HandleEventRace(memberEvent(0));
-    QCOMPARE(spoken, QStringList{"012"});
+    QCOMPARE(calls, QStringList({"stop", "text 012", "play"}));
 }
 
 void tst_CKelmoMainDialogRace::boxesAreLockedWhileTheRaceRuns()
