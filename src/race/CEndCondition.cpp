@@ -26,9 +26,8 @@ void CEndConditionTimeLimit::start()
 
 void CEndConditionTimeLimit::pause()
 {
-    if (!m_endTimer.isActive()) {
+    if (!m_endTimer.isActive())
         return;
-    }
     m_endTimer.stop();
     const qint64 elapsedSeconds = m_clock.elapsed() / 1000;
     m_remainingSeconds = int(qMax(qint64(0), m_remainingSeconds - elapsedSeconds));
@@ -61,36 +60,32 @@ CEndConditionLapLimit::CEndConditionLapLimit(int numberOfLaps, bool allMaxRounds
 
 void CEndConditionLapLimit::check()
 {
-    if (m_allMaxRounds) {
+    if (m_allMaxRounds)
         checkAllTracks();
-    } else {
+    else
         checkEachTrack();
-    }
 }
 
 void CEndConditionLapLimit::checkAllTracks()
 {
     const auto isBelowLimit = [this](const auto& member) { return member->numberOfLaps() < m_numberOfLaps; };
-    if (std::none_of(members()->cbegin(), members()->cend(), isBelowLimit)) {
+    if (std::none_of(members()->cbegin(), members()->cend(), isBelowLimit))
         Q_EMIT endConditionReached();
-    }
 }
 
 void CEndConditionLapLimit::checkEachTrack()
 {
     for (const auto& member : *members()) {
-        if (member->numberOfLaps() == m_numberOfLaps) {
+        if (member->numberOfLaps() == m_numberOfLaps)
             Q_EMIT endConditionReached();
-        }
     }
 }
 
 QString CEndConditionLapLimit::description() const
 {
     QString text = tr("Ende nach %1 Runden").arg(m_numberOfLaps);
-    if (m_allMaxRounds) {
+    if (m_allMaxRounds)
         text += tr(" auf allen Spuren");
-    }
     return text;
 }
 

@@ -69,9 +69,8 @@ CRaceMember CRace::raceMember(int index) const
 
 void CRace::setRaceSettings(const CRaceSettings& settings)
 {
-    if (!m_raceActive) {
+    if (!m_raceActive)
         *m_raceSettings = settings;
-    }
 }
 
 // --- The course of a race -------------------------------------------------------------------
@@ -116,9 +115,8 @@ void CRace::vStart()
 
 void CRace::vReset()
 {
-    for (const auto& racer : m_members) {
+    for (const auto& racer : m_members)
         racer->reset();
-    }
     m_raceTime = QTime(0, 0);
     m_lastChaosTime = 0;
     Q_EMIT UpdateRaceTime(m_raceTime);
@@ -141,9 +139,8 @@ void CRace::startRaceClock()
 
 void CRace::vPause()
 {
-    for (const auto& racer : m_members) {
+    for (const auto& racer : m_members)
         racer->pause();
-    }
     // Required: only whole seconds count, so that up to 999 ms are lost with every pause.
     m_pausedTime += int(m_raceClock.elapsed() / MillisecondsPerSecond) * MillisecondsPerSecond;
     m_oneSecondTimer.stop();
@@ -158,9 +155,8 @@ void CRace::vResume()
 {
     m_endCondition->resume();
     startRaceClock();
-    for (const auto& racer : m_members) {
+    for (const auto& racer : m_members)
         racer->resume();
-    }
     setAllStatus(CRaceMemberStatus::Waiting);
     m_paused = false;
     m_outputs.setChaosSignal(false);
@@ -199,9 +195,8 @@ void CRace::endConditionIsMet()
 
 void CRace::showInfo(const QString& text)
 {
-    if (!text.isEmpty()) {
+    if (!text.isEmpty())
         qCDebug(raceLog).noquote() << text;
-    }
     Q_EMIT raceInfoText(text);
 }
 
@@ -220,9 +215,8 @@ void CRace::vStartLightsUpdate(int iAction)
 
 void CRace::setAllStatus(CRaceMemberStatus status)
 {
-    for (const auto& racer : m_members) {
+    for (const auto& racer : m_members)
         racer->setStatus(status);
-    }
 }
 
 // --- Sensor events --------------------------------------------------------------------------
@@ -245,19 +239,16 @@ void CRace::customEvent(QEvent* event)
 void CRace::processDriveThrough(const CDriveThroughEvent& event)
 {
     const QBitArray& sensors = event.sensors();
-    if (!m_raceActive || sensors.size() < PortId::Count) {
+    if (!m_raceActive || sensors.size() < PortId::Count)
         return;
-    }
     const auto time = quint32(event.time());
     processChaosButton(sensors, time);
-    for (int track = 0; track < numberOfMembers(); ++track) {
+    for (int track = 0; track < numberOfMembers(); ++track)
         processMember(track, sensors, time);
-    }
     m_winningCondition->update();
     // A false start in this event has ended the race; it names no winner.
-    if (m_raceActive) {
+    if (m_raceActive)
         m_endCondition->check();
-    }
 }
 
 void CRace::processChaosButton(const QBitArray& sensors, quint32 time)
@@ -266,11 +257,10 @@ void CRace::processChaosButton(const QBitArray& sensors, quint32 time)
         time - m_lastChaosTime <= ChaosButtonDeadTime) {
         return;
     }
-    if (m_paused) {
+    if (m_paused)
         vResume();
-    } else {
+    else
         vPause();
-    }
     m_lastChaosTime = time;
 }
 
@@ -284,21 +274,16 @@ void CRace::processMember(int track, const QBitArray& sensors, quint32 time)
     }
     const CLapSensorFlags flags = racer.processSensors(sensors, time);
     int lapKind = CRaceEvent::NoLapEnded;
-    if (flags & CRaceMember::LapBegan) {
+    if (flags & CRaceMember::LapBegan)
         processLapBegin(racer);
-    }
-    if (flags & CRaceMember::LapEnded) {
+    if (flags & CRaceMember::LapEnded)
         lapKind = processLapEnd(racer, flags);
-    }
-    if (flags & CRaceMember::TankEmpty) {
+    if (flags & CRaceMember::TankEmpty)
         vFuelTankEmpty();
-    }
-    if (flags & CRaceMember::TankOnReserve) {
+    if (flags & CRaceMember::TankOnReserve)
         vFuelTankOnReserve();
-    }
-    if (flags != 0) {
+    if (flags != 0)
         vUpdateRaceMember(track, lapKind);
-    }
     racer.processRefuelSensors(sensors, time);
 }
 
@@ -315,11 +300,10 @@ void CRace::processLapBegin(CRaceMember& racer)
 
 int CRace::processLapEnd(CRaceMember& racer, CLapSensorFlags flags)
 {
-    if (stopsCountingAtLimit() && racer.numberOfLaps() == m_raceSettings->numberOfLaps()) {
+    if (stopsCountingAtLimit() && racer.numberOfLaps() == m_raceSettings->numberOfLaps())
         racer.setStatus(CRaceMemberStatus::Finished);
-    } else {
+    else
         checkEmptyTank(racer.trackIndex());
-    }
     if (flags & CRaceMember::NewBestLap) {
         vNewBestLapHappened();
         return CRaceEvent::BestLap;
@@ -342,11 +326,10 @@ void CRace::processControlUnitStatus(const CCarreraCuStatusEvent& event)
         }
     }
     const int light = event.startLight();
-    if (light >= FirstStartLight && light <= LastStartLight) {
+    if (light >= FirstStartLight && light <= LastStartLight)
         vStartLightsUpdate(CLightAction::NextRed);
-    } else if (light == StartLightsOff) {
+    else if (light == StartLightsOff)
         vStartLightsUpdate(CLightAction::AllOff);
-    }
 }
 
 // --- Race events ----------------------------------------------------------------------------
@@ -375,9 +358,8 @@ void CRace::vFuelTankOnReserve()
 
 void CRace::vUpdateRaceMember(int track, int lapKind)
 {
-    if (!hasMember(track)) {
+    if (!hasMember(track))
         return;
-    }
     const CRaceMember& racer = member(track);
     CRaceEvent event(CRaceEvent::MemberChanged);
     event.subType = lapKind >= 0 && lapKind <= HighestLapKind ? lapKind : CRaceEvent::NoLapEnded;
@@ -417,16 +399,14 @@ int CRace::speedUnit() const
 
 void CRace::allTracksPower(bool powerOn)
 {
-    for (int track = 0; track < numberOfMembers(); ++track) {
+    for (int track = 0; track < numberOfMembers(); ++track)
         trackPower(track, powerOn);
-    }
 }
 
 void CRace::trackPower(int trackNum, bool powerOn)
 {
-    if (!m_raceSettings->raceway().pwrOffFeatureAvailable || !hasMember(trackNum)) {
+    if (!m_raceSettings->raceway().pwrOffFeatureAvailable || !hasMember(trackNum))
         return;
-    }
     m_outputs.setTrackPower(trackNum, powerOn);
     member(trackNum).setPowerOn(powerOn);
     Q_EMIT trackPowerStateChanged(trackNum, powerOn);
@@ -434,18 +414,16 @@ void CRace::trackPower(int trackNum, bool powerOn)
 
 void CRace::trackPowerToggle(int trackNum)
 {
-    if (hasMember(trackNum)) {
+    if (hasMember(trackNum))
         trackPower(trackNum, !member(trackNum).powerOn());
-    }
 }
 
 void CRace::checkEmptyTank(int track)
 {
     const CRaceMember& racer = member(track);
     // A control unit can empty a tank where the race simulates no fuel; no reaction follows then.
-    if (!racer.fuelEnabled() || !racer.isTankEmpty()) {
+    if (!racer.fuelEnabled() || !racer.isTankEmpty())
         return;
-    }
     if (m_powerOffOnEmptyTank) {
         trackPower(track, false);
     } else if (m_stutterOnEmptyTank && !m_stutterTimer.isActive()) {
@@ -475,7 +453,6 @@ void CRace::stutterFrequencyTimerTimeout()
 void CRace::raceMemberRefuelHappened(int track)
 {
     // A tank may go on filling after the race; the power is then what the settings want.
-    if (m_raceActive) {
+    if (m_raceActive)
         trackPower(track, true);
-    }
 }

@@ -62,9 +62,8 @@ void CRace::setUpSensors(CRaceMember& racer) const
 void CRace::setUpFuel(CRaceMember& racer) const
 {
     const CFuelSettings& fuel = m_raceSettings->fuelSettings();
-    if (fuel.fuelFunction() == CFuelSettings::NoFuel) {
+    if (fuel.fuelFunction() == CFuelSettings::NoFuel)
         return;
-    }
     const int track = racer.trackIndex();
     const int setup = m_raceSettings->raceway().fuelSensorSetup;
     const bool startsAtFuelSensor = setup == 1 || setup == 3 || setup == 4;
@@ -108,9 +107,8 @@ void CRace::setUpInterface()
     m_outputs.setExternalLightsAvailable(raceway.externalLightsAvailable);
     m_outputs.setPwrOffFeatureAvailable(raceway.pwrOffFeatureAvailable);
     m_outputs.setChaosPhaseOutputAvailable(raceway.chaosPhaseOutputAvailable);
-    if (m_io->interfaceType() == CRacewayIo::LtAt2560) {
+    if (m_io->interfaceType() == CRacewayIo::LtAt2560)
         m_io->start();
-    }
 }
 
 bool CRace::keepsInterface(const QByteArray& ioSettings) const
@@ -120,13 +118,11 @@ bool CRace::keepsInterface(const QByteArray& ioSettings) const
 
 void CRace::stopInterface()
 {
-    if (!m_io) {
+    if (!m_io)
         return;
-    }
     m_io->stop();
-    while (m_io->isRunning()) {
+    while (m_io->isRunning())
         QThread::msleep(StopPollPeriod);
-    }
 }
 
 void CRace::setUpPower()
@@ -135,9 +131,8 @@ void CRace::setUpPower()
     m_powerOffOnEmptyTank = false;
     m_stutterOnEmptyTank = false;
     m_stutterTimer.stop();
-    if (!m_powerSwitchable) {
+    if (!m_powerSwitchable)
         return;
-    }
     const int reaction = m_raceSettings->fuelSettings().emptyFuelReaction();
     m_powerOffOnEmptyTank = reaction == CRaceMember::PowerOff;
     if (reaction == CRaceMember::Stutter) {

@@ -65,9 +65,8 @@ void CRaceStartTimer::start()
     m_remainingSeconds = qMax(MinimumDelay, m_startDelay.minute() * 60 + m_startDelay.second());
     Q_EMIT UpdateLights(CLightAction::AllOff);
     m_startTimer.start(OneSecond);
-    if (m_remainingSeconds < RedLightSeconds) {
+    if (m_remainingSeconds < RedLightSeconds)
         Q_EMIT UpdateLights(CLightAction::NextRed);
-    }
 }
 
 void CRaceStartTimer::vStartTimerEventOccured()
@@ -80,12 +79,10 @@ void CRaceStartTimer::vStartTimerEventOccured()
         giveGo();
         return;
     }
-    if (m_remainingSeconds < RedLightSeconds) {
+    if (m_remainingSeconds < RedLightSeconds)
         Q_EMIT UpdateLights(CLightAction::NextRed);
-    }
-    if (m_remainingSeconds == 1) {
+    if (m_remainingSeconds == 1)
         m_startTimer.start(randomGreenDelay(m_startLightsMinDelay, m_startLightsMaxDelay));
-    }
 }
 
 void CRaceStartTimer::stop()
@@ -101,9 +98,8 @@ QString CRaceStartTimer::description() const
 
 std::unique_ptr<CRaceStart> createRaceStart(const CRaceSettings& settings)
 {
-    if (settings.startType() != CRaceSettings::TimedStart) {
+    if (settings.startType() != CRaceSettings::TimedStart)
         return std::make_unique<CRaceStartNoCondition>();
-    }
     return std::make_unique<CRaceStartTimer>(settings.startDelay(), settings.startLightsMinDelay(),
                                              settings.startLightsMaxDelay());
 }

@@ -5,9 +5,8 @@
 
 void CRacewayOutputs::updateLights(int action)
 {
-    if (!m_externalLightsAvailable || !m_io) {
+    if (!m_externalLightsAvailable || !m_io)
         return;
-    }
     switch (action) {
     case CLightAction::AllOff:
         switchRedLamps(false);
@@ -38,22 +37,19 @@ void CRacewayOutputs::switchNextRedLamp()
 
 void CRacewayOutputs::switchRedLamps(bool on)
 {
-    for (int lamp = 0; lamp < PortId::RedLamps; ++lamp) {
+    for (int lamp = 0; lamp < PortId::RedLamps; ++lamp)
         m_io->setOutput(PortId::redLamp(lamp), on);
-    }
     m_redLights = on ? PortId::RedLamps : 0;
 }
 
 void CRacewayOutputs::setTrackPower(int track, bool on)
 {
-    if (m_pwrOffFeatureAvailable && m_io && track >= 0 && track < PortId::Tracks) {
+    if (m_pwrOffFeatureAvailable && m_io && track >= 0 && track < PortId::Tracks)
         m_io->setOutput(PortId::trackPower(track), on);
-    }
 }
 
 void CRacewayOutputs::setChaosSignal(bool on)
 {
-    if (m_chaosPhaseOutputAvailable && m_io) {
+    if (m_chaosPhaseOutputAvailable && m_io)
         m_io->setOutput(PortId::ChaosSignal, on);
-    }
 }

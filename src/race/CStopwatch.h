@@ -32,9 +32,8 @@ public:
 private:
     qint64 now() const
     {
-        if (m_source) {
+        if (m_source)
             return m_source();
-        }
         QElapsedTimer clock;
         clock.start();
         return clock.msecsSinceReference();

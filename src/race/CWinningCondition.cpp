@@ -30,9 +30,8 @@ std::vector<int> sortedLapTimes(const CRaceMember& racer)
 {
     std::vector<int> times;
     times.reserve(std::size_t(racer.numberOfLaps()));
-    for (const CLapTime& lap : racer.laps()) {
+    for (const CLapTime& lap : racer.laps())
         times.push_back(lap.lapTime);
-    }
     std::sort(times.begin(), times.end());
     return times;
 }
@@ -57,18 +56,16 @@ CRaceMember CWinningCondition::winningMember() const
 
 void CWinningCondition::crown(int track) const
 {
-    if (track >= 0 && track < numberOfMembers()) {
+    if (track >= 0 && track < numberOfMembers())
         member(track).setStatus(CRaceMemberStatus::Winner);
-    }
 }
 
 void CWinningCondition::crownLowest(MemberTime time)
 {
     // Required: a member without laps has 00:00:00.000 and wins over any member with laps.
     QTime lowest(23, 59, 59, 999);
-    for (int track = 0; track < numberOfMembers(); ++track) {
+    for (int track = 0; track < numberOfMembers(); ++track)
         lowest = qMin(lowest, (member(track).*time)());
-    }
     for (int track = 0; track < numberOfMembers(); ++track) {
         if ((member(track).*time)() == lowest) {
             crown(track);
@@ -90,9 +87,8 @@ QString CWinningConditionNone::description() const
 void CWinningConditionNumOfLaps::update()
 {
     for (int track = 0; track < numberOfMembers() && m_firstAtLimit == -1; ++track) {
-        if (member(track).numberOfLaps() == m_lapLimit) {
+        if (member(track).numberOfLaps() == m_lapLimit)
             m_firstAtLimit = track;
-        }
     }
 }
 
@@ -264,9 +260,8 @@ QString CWinningConditionMostConstantTimes::resultText() const
 QString CWinningConditionMostConstantTimes::description() const
 {
     QString text = tr("Konstanteste Rundenzeit");
-    if (m_numOfWorstLapsToIgnore != 0) {
+    if (m_numOfWorstLapsToIgnore != 0)
         text += tr(", die schlechtesten %1 Runden ignorieren").arg(m_numOfWorstLapsToIgnore);
-    }
     return text;
 }
 
@@ -297,11 +292,10 @@ CWinningConditionMostConstantTimesWithTarget::distanceOf(const CRaceMember& race
     int high = count - 1 < numOfWorstLapsToIgnore() ? 0 : count - 1;
     for (int i = 0; i < numOfWorstLapsToIgnore() && low < high; ++i) {
         // At a tie the slow end goes.
-        if (distance(high) >= distance(low)) {
+        if (distance(high) >= distance(low))
             --high;
-        } else {
+        else
             ++low;
-        }
     }
     return {qMax(distance(high), distance(low)), times[std::size_t(low)], times[std::size_t(high)]};
 }

@@ -184,9 +184,8 @@ protected:
     void measureMembers(Measure measure)
     {
         const int count = numberOfMembers() <= MaxMembers ? numberOfMembers() : 0;
-        for (int track = 0; track < count; ++track) {
+        for (int track = 0; track < count; ++track)
             m_deviations[std::size_t(track)] = measure(member(track));
-        }
     }
 
 private:

@@ -36,9 +36,8 @@ bool buildFile(const QString& version)
 /** Opens a file in which no step has made a table; user_version is 0 while it is open. */
 CDatabase* openBareFile()
 {
-    if (!DatabaseFile().exec("PRAGMA user_version = 7")) {
+    if (!DatabaseFile().exec("PRAGMA user_version = 7"))
         return nullptr;
-    }
     QTest::ignoreMessage(QtDebugMsg, UnknownVersion);
     CDatabase* database = CDatabase::instance();
     QSqlQuery("PRAGMA user_version = 0");
@@ -132,9 +131,8 @@ void tst_CDatabase::anOldFileComesOutAsExpected_data()
 {
     QTest::addColumn<QString>("version");
 
-    for (const char* version : {"minus2", "minus1", "0", "1"}) {
+    for (const char* version : {"minus2", "minus1", "0", "1"})
         QTest::newRow(version) << version;
-    }
 }
 
 void tst_CDatabase::anOldFileComesOutAsExpected()
@@ -288,9 +286,8 @@ void tst_CDatabase::theVersionIsTakenFromWhatTheFileHolds()
     const CDatabase* database = openBareFile();
     QVERIFY(database);
 
-    for (const QString& statement : statements) {
+    for (const QString& statement : statements)
         QVERIFY(QSqlQuery().exec(statement));
-    }
 
     QCOMPARE(database->detectVersion(), version);
     CDatabase::release();
@@ -364,9 +361,8 @@ void tst_CDatabase::aFileThatIsNoDatabaseIsLeftAlone_data()
     QTest::addColumn<QByteArray>("content");
 
     QByteArray junk;
-    for (quint32 i = 0; i < 100000; ++i) {
+    for (quint32 i = 0; i < 100000; ++i)
         junk += char((i * i + 7 * i) % 251);
-    }
     QTest::newRow("a text") << QByteArray("Name;Startnummer\n").repeated(100);
     QTest::newRow("binary junk") << junk;
     QTest::newRow("zeros") << QByteArray(8192, '\0');

@@ -117,9 +117,8 @@ public:
     void letStartSecondsPass(int seconds)
     {
         auto* procedure = const_cast<CRaceStart*>(m_race->raceStart());
-        for (int i = 0; i < seconds; ++i) {
+        for (int i = 0; i < seconds; ++i)
             QMetaObject::invokeMethod(procedure, "vStartTimerEventOccured");
-        }
     }
     QTimer& timer(const QString& name) { return *m_race->findChild<QTimer*>(name); }
 
@@ -127,9 +126,8 @@ public:
     QList<int> statuses() const
     {
         QList<int> all;
-        for (int track = 0; track < m_race->numberOfMembers(); ++track) {
+        for (int track = 0; track < m_race->numberOfMembers(); ++track)
             all << status(track);
-        }
         return all;
     }
     int laps(int track) const { return m_race->raceMember(track).numberOfLaps(); }
@@ -168,9 +166,8 @@ private:
 
     static QString toText(const CRaceEvent& event)
     {
-        if (event.type != CRaceEvent::MemberChanged) {
+        if (event.type != CRaceEvent::MemberChanged)
             return QStringLiteral("event %1.%2").arg(event.type).arg(event.subType);
-        }
         return QStringLiteral("member %1: kind %2, status %3, laps %4")
             .arg(event.track)
             .arg(event.subType)
@@ -205,9 +202,8 @@ private:
         QObject::connect(m_race.get(), &CRace::RaceEventHappened, m_race.get(),
                          [this](const CRaceEvent& event) {
                              log << toText(event);
-                             if (event.type == CRaceEvent::MemberChanged) {
+                             if (event.type == CRaceEvent::MemberChanged)
                                  memberEvents << event;
-                             }
                          });
     }
 

@@ -61,9 +61,8 @@ private:
     void driveAndStop(const std::vector<std::vector<int>>& lapTimes)
     {
         for (std::size_t track = 0; track < lapTimes.size(); ++track) {
-            if (!lapTimes[track].empty()) {
+            if (!lapTimes[track].empty())
                 drive(int(track), lapTimes[track]);
-            }
         }
         race().vStop();
     }

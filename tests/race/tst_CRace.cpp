@@ -405,9 +405,8 @@ void tst_CRace::memberOutOfRangeIsNotPublished()
 {
     RaceFixture fixture(2);
     CRace& race = fixture.start();
-    for (const int track : {-1, 2}) {
+    for (const int track : {-1, 2})
         QVERIFY(QMetaObject::invokeMethod(&race, "vUpdateRaceMember", Q_ARG(int, track), Q_ARG(int, 0)));
-    }
     QCOMPARE(fixture.take(), QStringList());
 }
 
@@ -493,14 +492,12 @@ void tst_CRace::sensorEventReachesTheRaceByTheEventLoop()
     RaceFixture fixture(2);
     CRace& race = fixture.make();
     race.io()->setPortState(PortId::Open, 127, false);
-    for (int id = 1; id < PortId::Count; ++id) {
+    for (int id = 1; id < PortId::Count; ++id)
         race.io()->setPortState(id, 127, false);
-    }
     race.vStartQuickRace();
     race.io()->setPortState(PortId::Open, 127, false);
-    for (int id = 1; id < PortId::Count; ++id) {
+    for (int id = 1; id < PortId::Count; ++id)
         race.io()->setPortState(id, 127, false);
-    }
     race.io()->setPortState(PortId::lapSensor(1), 125, false);
     for (const int time : {1000, 5000}) {
         QCoreApplication::postEvent(race.io(), new CRacewayIoEvent(125, time));
@@ -576,9 +573,8 @@ void tst_CRace::controlUnitSetsTheTanksOfTheFirstMembers()
     const CRace& race = fixture.start();
     fixture.controlUnitReports({0, 1, 7, 14, 15, 10}, 0);
     QList<int> levels;
-    for (int track = 0; track < 8; ++track) {
+    for (int track = 0; track < 8; ++track)
         levels << race.raceMember(track).fuelPercent();
-    }
     QCOMPARE(levels, QList<int>({0, 6, 46, 93, 100, 66, 100, 100}));
     RaceFixture small(2);
     small.start();
@@ -621,9 +617,8 @@ void tst_CRace::controlUnitMovesTheLights()
     RaceFixture fixture;
     fixture.changeRaceway([](CRaceway& raceway) { raceway.externalLightsAvailable = true; });
     CRace& race = fixture.start();
-    if (!inARace) {
+    if (!inARace)
         race.vStop();
-    }
     fixture.take();
     fixture.controlUnitReports({15, 15, 15, 15, 15, 15}, light);
     QCOMPARE(fixture.take(), log);

@@ -104,9 +104,8 @@ void tst_CRaceEvent::defaultEventIsZeroEverywhere()
     QCOMPARE(event.subType, 0);
     QCOMPARE(event.track, 0);
     QCOMPARE(event.laps, 0);
-    for (const QTime& time : timesOf(event)) {
+    for (const QTime& time : timesOf(event))
         QCOMPARE(time, QTime(0, 0, 0, 0));
-    }
     QCOMPARE(event.status, 0);
     QCOMPARE(event.speed, 0.0);
     QCOMPARE(event.fuelPercent, 0);
@@ -118,9 +117,8 @@ void tst_CRaceEvent::eventOfATypeHasNullTimes()
     const CRaceEvent event(CRaceEvent::TankEmpty);
     QCOMPARE(event.type, 11);
     QCOMPARE(event.subType, 0);
-    for (const QTime& time : timesOf(event)) {
+    for (const QTime& time : timesOf(event))
         QVERIFY(time.isNull());
-    }
 }
 
 void tst_CRaceEvent::streamFormIsPinnedByteForByte()
@@ -153,9 +151,8 @@ void tst_CRaceEvent::nullTimesComeBackNull()
     QDataStream::Status status = QDataStream::ReadPastEnd;
     const CRaceEvent event = readBack(written(CRaceEvent(CRaceEvent::NewBestLap)), &status);
     QCOMPARE(event.type, 2);
-    for (const QTime& time : timesOf(event)) {
+    for (const QTime& time : timesOf(event))
         QVERIFY(time.isNull());
-    }
 }
 
 void tst_CRaceEvent::cutStreamLeavesTheRestAtZero()

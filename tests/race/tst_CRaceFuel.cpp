@@ -195,9 +195,8 @@ void tst_CRaceFuel::withoutFuelFunctionReserveComesFromTheControlUnitAlone()
 void tst_CRaceFuel::tankEmptiedByTheControlUnitHasNoReaction_data()
 {
     QTest::addColumn<int>("reaction");
-    for (int reaction = 0; reaction <= 3; ++reaction) {
+    for (int reaction = 0; reaction <= 3; ++reaction)
         QTest::addRow("%d", reaction) << reaction;
-    }
 }
 
 void tst_CRaceFuel::tankEmptiedByTheControlUnitHasNoReaction()
@@ -299,9 +298,8 @@ void tst_CRaceFuel::reaction3StuttersTheTrack()
     QVERIFY(race.stutterTimer().isActive());
     QCOMPARE(race.stutterTimer().timerType(), Qt::CoarseTimer);
     QCOMPARE(race.takePower(), QStringList());
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; ++i)
         QVERIFY(race.stutter());
-    }
     QCOMPARE(race.takePower(), QStringList({"power 0 on", "power 0 off", "power 0 on"}));
 }
 
@@ -481,9 +479,8 @@ void tst_CRaceFuel::emptyTankIsFullAfterTenTicksOfATenth()
     race.sensorsAt(7000, {25});
     QTRY_VERIFY(race.memberEvents.size() >= 11);
     QList<int> levels;
-    for (int tick = 0; tick < 11; ++tick) {
+    for (int tick = 0; tick < 11; ++tick)
         levels << race.memberEvents.at(tick).fuelPercent;
-    }
     QCOMPARE(levels, QList<int>({10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 100}));
 }
 

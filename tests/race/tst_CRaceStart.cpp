@@ -47,9 +47,8 @@ void letOneSecondPass(CRaceStart& start)
 
 void letSecondsPass(CRaceStart& start, int seconds)
 {
-    for (int i = 0; i < seconds; ++i) {
+    for (int i = 0; i < seconds; ++i)
         letOneSecondPass(start);
-    }
 }
 
 } // namespace

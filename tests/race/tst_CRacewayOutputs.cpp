@@ -73,9 +73,8 @@ void tst_CRacewayOutputs::nextRedSwitchesOneLampAfterTheOther()
 
 void tst_CRacewayOutputs::sixthRedInARowSwitchesPortId0()
 {
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; ++i)
         m_outputs.updateLights(8);
-    }
     take();
     m_outputs.updateLights(8);
     QCOMPARE(take(), QStringLiteral("0 on"));
@@ -117,9 +116,8 @@ void tst_CRacewayOutputs::allOffAndGoBeginTheRedLampsAnew()
 
 void tst_CRacewayOutputs::unknownActionDoesNothing()
 {
-    for (const int action : {-1, 0, 6, 11}) {
+    for (const int action : {-1, 0, 6, 11})
         m_outputs.updateLights(action);
-    }
     QCOMPARE(take(), QString());
 }
 
@@ -159,9 +157,8 @@ void tst_CRacewayOutputs::chaosSignalSwitchesOutput24()
 void tst_CRacewayOutputs::racewayWithoutLightsGetsNoLights()
 {
     m_outputs.setExternalLightsAvailable(false);
-    for (const int action : {7, 8, 9, 10}) {
+    for (const int action : {7, 8, 9, 10})
         m_outputs.updateLights(action);
-    }
     QCOMPARE(take(), QString());
     m_outputs.setExternalLightsAvailable(true);
     m_outputs.updateLights(8);
@@ -185,9 +182,8 @@ void tst_CRacewayOutputs::racewayWithoutChaosSignalGetsNone()
 void tst_CRacewayOutputs::withoutAnInterfaceNothingHappens()
 {
     m_outputs.setIo(nullptr);
-    for (const int action : {7, 8, 9, 10}) {
+    for (const int action : {7, 8, 9, 10})
         m_outputs.updateLights(action);
-    }
     m_outputs.setTrackPower(0, true);
     m_outputs.setChaosSignal(true);
     QCOMPARE(take(), QString());

@@ -66,9 +66,8 @@ QList<int> winners(const CRaceMembers& members)
 {
     QList<int> tracks;
     for (const auto& member : members) {
-        if (member->status() == CRaceMemberStatus::Winner) {
+        if (member->status() == CRaceMemberStatus::Winner)
             tracks << member->trackIndex();
-        }
     }
     return tracks;
 }
@@ -216,9 +215,8 @@ void tst_CWinningCondition::everyRuleSurvivesARaceWithoutMembers_data()
 {
     QTest::addColumn<int>("rule");
     QTest::addColumn<bool>("useTargetTime");
-    for (int rule = Nobody; rule <= MostConstantTimes; ++rule) {
+    for (int rule = Nobody; rule <= MostConstantTimes; ++rule)
         QTest::addRow("%d", rule) << rule << false;
-    }
     QTest::addRow("%d with target", MostConstantTimes) << int(MostConstantTimes) << true;
 }
 

@@ -15,9 +15,8 @@ namespace TestSupport {
 inline QBitArray closedSensors(std::initializer_list<int> portIds)
 {
     QBitArray sensors(PortId::Count);
-    for (const int id : portIds) {
+    for (const int id : portIds)
         sensors.setBit(id);
-    }
     return sensors;
 }
 
@@ -43,9 +42,8 @@ inline std::unique_ptr<CRaceMember> memberWithLaps(int track, const std::vector<
     member->setMinTime(1);
     member->setStartSensorPin(PortId::FirstLapSensor);
     member->setEndSensorPin(PortId::FirstLapSensor);
-    if (!lapTimes.empty()) {
+    if (!lapTimes.empty())
         driveLaps(*member, lapTimes);
-    }
     return member;
 }
 
@@ -53,9 +51,8 @@ inline std::unique_ptr<CRaceMember> memberWithLaps(int track, const std::vector<
 inline CRaceMembers membersWithLaps(const std::vector<std::vector<int>>& lapTimes)
 {
     CRaceMembers members;
-    for (const auto& laps : lapTimes) {
+    for (const auto& laps : lapTimes)
         members.push_back(memberWithLaps(int(members.size()), laps));
-    }
     return members;
 }
 
