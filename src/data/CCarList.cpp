@@ -57,19 +57,12 @@ void CCarList::addCar(const CCar& car)
 
 CCar CCarList::carAt(int row) const
 {
-    selectAll(*m_tableModel);
-    if (row < 0 || row >= m_tableModel->rowCount())
-        return CCar();
-    return carFrom(m_tableModel->record(row));
+    return readRow(*m_tableModel, row, carFrom);
 }
 
 QList<CCar> CCarList::allCars() const
 {
-    selectAll(*m_tableModel);
-    QList<CCar> cars;
-    for (int row = 0; row < m_tableModel->rowCount(); ++row)
-        cars << carFrom(m_tableModel->record(row));
-    return cars;
+    return readAllRows(*m_tableModel, carFrom);
 }
 
 void CCarList::updateCar(int row, const CCar& car)

@@ -53,19 +53,12 @@ void CDriverList::addDriver(const CDriver& driver)
 
 CDriver CDriverList::driverAt(int row) const
 {
-    selectAll(*m_tableModel);
-    if (row < 0 || row >= m_tableModel->rowCount())
-        return CDriver();
-    return driverFrom(m_tableModel->record(row));
+    return readRow(*m_tableModel, row, driverFrom);
 }
 
 QList<CDriver> CDriverList::allDrivers() const
 {
-    selectAll(*m_tableModel);
-    QList<CDriver> drivers;
-    for (int row = 0; row < m_tableModel->rowCount(); ++row)
-        drivers << driverFrom(m_tableModel->record(row));
-    return drivers;
+    return readAllRows(*m_tableModel, driverFrom);
 }
 
 void CDriverList::updateDriver(int row, const CDriver& driver)

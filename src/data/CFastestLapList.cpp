@@ -112,10 +112,7 @@ void CFastestLapList::addRecord(const CFastestLap& record)
 
 CFastestLap CFastestLapList::recordAt(int row)
 {
-    selectAll(*m_tableModel);
-    if (row < 0 || row >= m_tableModel->rowCount())
-        return CFastestLap();
-    return recordFrom(m_tableModel->record(row));
+    return readRow(*m_tableModel, row, recordFrom);
 }
 
 void CFastestLapList::updateRecord(int row, const CFastestLap& record)

@@ -22,6 +22,30 @@ void fetchAllRows(QSqlQueryModel& model);
 void selectAll(QSqlTableModel& model);
 
 /**
+ * Re-selects the table and reads a row of it.
+ * @param read makes a record of the program of the row's columns
+ * @return a default-built record for a row outside the table
+ */
+template <typename Read>
+auto readRow(QSqlTableModel& model, int row, Read read)
+{
+    using Record = decltype(read(QSqlRecord()));
+    selectAll(model);
+    return row < 0 || row >= model.rowCount() ? Record() : read(model.record(row));
+}
+
+/** The same for all rows, in their order. */
+template <typename Read>
+auto readAllRows(QSqlTableModel& model, Read read)
+{
+    QList<decltype(read(QSqlRecord()))> records;
+    selectAll(model);
+    for (int row = 0; row < model.rowCount(); ++row)
+        records << read(model.record(row));
+    return records;
+}
+
+/**
  * Submits the pending changes; those that fail are forgotten and not tried again by the next.
  * @return whether all were stored
  */
