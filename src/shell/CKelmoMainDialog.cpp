@@ -156,21 +156,27 @@ void CKelmoMainDialog::createMenu()
         {CMainMenu::Quit, &CKelmoMainDialog::reject},
         {CMainMenu::About, &CKelmoMainDialog::showAboutDialog},
     };
-    const Slot trackPowerSlots[] = {
-        &CKelmoMainDialog::trackPowerToggleTrack1, &CKelmoMainDialog::trackPowerToggleTrack2,
-        &CKelmoMainDialog::trackPowerToggleTrack3, &CKelmoMainDialog::trackPowerToggleTrack4,
-        &CKelmoMainDialog::trackPowerToggleTrack5, &CKelmoMainDialog::trackPowerToggleTrack6,
-        &CKelmoMainDialog::trackPowerToggleTrack7, &CKelmoMainDialog::trackPowerToggleTrack8};
-
     m_menu = new CMainMenu(this);
     for (const auto& entry : entries)
         connect(m_menu->action(entry.first), &QAction::triggered, this, entry.second);
-    for (int track = 0; track < m_menu->trackPowerActions().size(); ++track)
-        connect(m_menu->trackPowerActions()[track], &QAction::triggered, this, trackPowerSlots[track]);
+    connectTrackPower();
     connect(m_menu->action(CMainMenu::Simulator), &QAction::toggled, this, [this](bool checked) {
         if (!checked)
             m_portSimulator->close();
     });
+}
+
+void CKelmoMainDialog::connectTrackPower()
+{
+    using Slot = void (CKelmoMainDialog::*)();
+    const Slot slotsOfTracks[] = {
+        &CKelmoMainDialog::trackPowerToggleTrack1, &CKelmoMainDialog::trackPowerToggleTrack2,
+        &CKelmoMainDialog::trackPowerToggleTrack3, &CKelmoMainDialog::trackPowerToggleTrack4,
+        &CKelmoMainDialog::trackPowerToggleTrack5, &CKelmoMainDialog::trackPowerToggleTrack6,
+        &CKelmoMainDialog::trackPowerToggleTrack7, &CKelmoMainDialog::trackPowerToggleTrack8};
+    const QList<QAction*>& actions = m_menu->trackPowerActions();
+    for (int track = 0; track < actions.size(); ++track)
+        connect(actions[track], &QAction::triggered, this, slotsOfTracks[track]);
 }
 
 void CKelmoMainDialog::createQrShortcuts()

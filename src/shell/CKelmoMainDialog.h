@@ -137,6 +137,7 @@ private Q_SLOTS:
 
 private:
     void createMenu();
+    void connectTrackPower();
     void createQrShortcuts();
     void createWidgets();
     static QHBoxLayout* centred(QWidget* widget);

@@ -82,6 +82,15 @@ bool skip(QIODevice& device, qint64 bytes)
     return device.skip(bytes) == bytes;
 }
 
+/** @return the clip of a chunk of samples, cut to its longest; null without a format that can be read. */
+SoundClip readData(QIODevice& device, qint64 size, const CFormat& format)
+{
+    if (!format.isKnown())
+        return nullptr;
+    const qint64 most = qint64(CWaveReader::LongestSeconds) * format.rate * format.channels * format.bytes();
+    return clipFrom(device.read(qMin(size, most)), format);
+}
+
 } // namespace
 
 SoundClip CWaveReader::read(QIODevice& device)
@@ -93,20 +102,14 @@ SoundClip CWaveReader::read(QIODevice& device)
     CFormat format;
     for (QByteArray head = device.read(8); head.size() == 8; head = device.read(8)) {
         const qint64 size = qFromLittleEndian<quint32>(head.constData() + 4);
-        if (head.startsWith("data")) {
-            if (!format.isKnown())
-                return nullptr;
-            const qint64 most = qint64(LongestSeconds) * format.rate * format.channels * format.bytes();
-            return clipFrom(device.read(qMin(size, most)), format);
-        }
+        if (head.startsWith("data"))
+            return readData(device, size, format);
         const qint64 padded = size + size % 2;
-        if (!head.startsWith("fmt ")) {
-            if (!skip(device, padded))
-                return nullptr;
-            continue;
+        QByteArray chunk;
+        if (head.startsWith("fmt ")) {
+            chunk = device.read(qMin<qint64>(padded, LargestFormat));
+            format = readFormat(chunk);
         }
-        const QByteArray chunk = device.read(qMin<qint64>(padded, LargestFormat));
-        format = readFormat(chunk);
         if (!skip(device, padded - chunk.size()))
             return nullptr;
     }
