@@ -2,11 +2,11 @@
 #include "io/CIoWarriorIo.h"
 #include "io/CRacewayIoEvent.h"
 #include "io/CRacewayIoFactory.h"
+#include "support/StreamBytes.h"
 #include "support/TestChip.h"
 
 #include <QRandomGenerator>
 #include <QThread>
-#include <QtEndian>
 #include <QtTest>
 
 #include <optional>
@@ -14,11 +14,6 @@
 namespace {
 
 constexpr int BlobSize = 279;
-
-int numberAt(const QByteArray& blob, int position)
-{
-    return qFromBigEndian<qint32>(blob.constData() + position);
-}
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "io/CParallelPortIo.h"
 #include "race/CLightAction.h"
 #include "race/CRacewayOutputs.h"
+#include "support/StreamBytes.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -13,11 +14,6 @@
 namespace {
 
 constexpr int SensorMask = 126; // lap sensor of track 1, on bit 0
-
-int numberAt(const QByteArray& blob, int position)
-{
-    return qFromBigEndian<qint32>(blob.constData() + position);
-}
 
 } // namespace
 

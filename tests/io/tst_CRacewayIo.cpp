@@ -3,6 +3,7 @@
 #include "io/CDriveThroughEvent.h"
 #include "io/CRacewayIo.h"
 #include "io/CRacewayIoEvent.h"
+#include "support/StreamBytes.h"
 
 #include <QDataStream>
 #include <QtTest>
@@ -54,12 +55,6 @@ public:
 
     QList<int> processedTypes;
 };
-
-/** @return the big-endian number at a position of a blob. */
-int numberAt(const QByteArray& blob, int position)
-{
-    return qFromBigEndian<qint32>(blob.constData() + position);
-}
 
 } // namespace
 

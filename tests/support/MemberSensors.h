@@ -55,4 +55,22 @@ inline CLapSensorFlags crossEnd(CRaceMember& member, quint32 time)
     return member.processSensors(active({Pin::End}), time);
 }
 
+/** Drives laps of these times, the first one from 1000 ms on. */
+inline void drive(CRaceMember& member, std::initializer_list<quint32> lapTimes)
+{
+    quint32 time = 1000;
+    cross(member, time);
+    for (const quint32 lapTime : lapTimes) {
+        time += lapTime;
+        cross(member, time);
+    }
+}
+
+inline CRacewayTrack trackOfLength(int centimetres)
+{
+    CRacewayTrack track;
+    track.length = centimetres;
+    return track;
+}
+
 #endif

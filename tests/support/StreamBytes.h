@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QDataStream>
 #include <QString>
+#include <QtEndian>
 
 #include <cstring>
 
@@ -61,6 +62,12 @@ private:
 
     QByteArray m_bytes;
 };
+
+/** @return the number of four bytes at a position. */
+inline int numberAt(const QByteArray& bytes, int position)
+{
+    return qFromBigEndian<qint32>(bytes.constData() + position);
+}
 
 /** @return what the record writes. */
 template <typename Record>
