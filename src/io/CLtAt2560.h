@@ -58,6 +58,7 @@ public:
     int pendingBytes() const { return m_buffer.size(); }
 
 Q_SIGNALS:
+    /** Never emitted. */
     void dataReceived();
 
 public Q_SLOTS:

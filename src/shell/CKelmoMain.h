@@ -37,6 +37,7 @@ public:
     CKelmoNetworkServer* server() const { return m_server.get(); }
 
 Q_SIGNALS:
+    /** Never emitted. */
     void quitApplication();
 
 private Q_SLOTS:

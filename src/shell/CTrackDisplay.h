@@ -23,7 +23,7 @@ class QVBoxLayout;
  * One column of the dashboard: the panel of a track with its figures, its driver and its car, or
  * the legend between two of them with the words of the rows.
  *
- * Shows no label until the settings are applied by setSettings(). Owned by the main dialog and built
+ * Shows no label until the settings are applied by setSettings(). Owned by CTrackPanels and built
  * anew when the raceway changes; main thread. Setters marked so do nothing on a legend.
  */
 class CTrackDisplay : public QWidget
