@@ -294,6 +294,21 @@ StoredSetup setupWithVoice(bool laps, bool times, bool bestTimesAlone)
     return setup;
 }
 
+/** @return what is to be heard of laps whose count and time are spoken. */
+QStringList announcements(const QVector<int>& laps, bool bestTimesAlone)
+{
+    const QVector<bool> best = bestLaps(laps);
+    QStringList texts;
+    for (int lap = 0; lap < laps.size(); ++lap) {
+        texts.append("text " + lapCountText(lap + 1));
+        if (best[lap])
+            texts.append("text B" + RunningProgram::timeText(laps[lap]));
+        else if (!bestTimesAlone)
+            texts.append("text " + RunningProgram::timeText(laps[lap]));
+    }
+    return texts;
+}
+
 } // namespace
 
 void tst_race_display::voiceTellsLapsAndTheirTimes()
@@ -302,14 +317,7 @@ void tst_race_display::voiceTellsLapsAndTheirTimes()
     ListenedProgram program;
     QVERIFY(program.startRace());
     driveUntilABestLap(program, 1);
-    const QVector<int> laps = program.shownLaps(1);
-    const QVector<bool> best = bestLaps(laps);
-    QStringList expected;
-    for (int lap = 0; lap < laps.size(); ++lap) {
-        expected.append("text " + lapCountText(lap + 1));
-        expected.append("text " + QString(best[lap] ? "B" : "") + RunningProgram::timeText(laps[lap]));
-    }
-    QCOMPARE(program.heard(), expected);
+    QCOMPARE(program.heard(), announcements(program.shownLaps(1), false));
     QVERIFY2(program.sounds().played.isEmpty(), "the voice replaces the effects");
 }
 
@@ -319,15 +327,7 @@ void tst_race_display::voiceTellsBestTimesAloneIfAskedFor()
     ListenedProgram program;
     QVERIFY(program.startRace());
     driveUntilABestLap(program, 1);
-    const QVector<int> laps = program.shownLaps(1);
-    const QVector<bool> best = bestLaps(laps);
-    QStringList expected;
-    for (int lap = 0; lap < laps.size(); ++lap) {
-        expected.append("text " + lapCountText(lap + 1));
-        if (best[lap])
-            expected.append("text B" + RunningProgram::timeText(laps[lap]));
-    }
-    QCOMPARE(program.heard(), expected);
+    QCOMPARE(program.heard(), announcements(program.shownLaps(1), true));
 }
 
 void tst_race_display::voiceWithNothingToTellPlaysItsSamples()
