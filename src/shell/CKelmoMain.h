@@ -35,6 +35,8 @@ public:
     CRace* race() const { return m_race.get(); }
     /** @return null in a display client. */
     CKelmoNetworkServer* server() const { return m_server.get(); }
+    /** @return null in a race computer. */
+    CKelmoNetworkClient* client() const { return m_client.get(); }
 
 Q_SIGNALS:
     /** Never emitted. */

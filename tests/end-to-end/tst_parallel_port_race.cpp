@@ -2,6 +2,7 @@
 #include "io/TestPort.h"
 #include "race/CRace.h"
 #include "support/RunningProgram.h"
+#include "support/SettingsDialogs.h"
 #include "support/StoredSetup.h"
 
 #include <QElapsedTimer>
@@ -94,6 +95,8 @@ private Q_SLOTS:
 
     void aWholeRaceOfTwoTracksCountsEachLapAndNamesTheWinner();
     void lampsPowerAndChaosSignalAreThoseOfTheRace();
+    void lampsAndPowerAtTheEndAreThoseOfTheRules_data();
+    void lampsAndPowerAtTheEndAreThoseOfTheRules();
     void withoutTheFeaturesNoOutputIsWritten();
     void aCarOnTheSensorInTheCountdownIsAFalseStart();
     void aCarThatStandsOnTheSensorFromBeforeTheStartIsNone();
@@ -284,6 +287,33 @@ void tst_parallel_port_race::lampsPowerAndChaosSignalAreThoseOfTheRace()
     QCOMPARE(program.statuses(), QStringList({"sieger", "beendet"}));
     QCOMPARE(outputs(), idle);
     QCOMPARE((*m_port)->read(TestPort::Control), short(0));
+}
+
+void tst_parallel_port_race::lampsAndPowerAtTheEndAreThoseOfTheRules_data()
+{
+    QTest::addColumn<bool>("redLights");
+    QTest::addColumn<bool>("power");
+    QTest::addColumn<QString>("atTheEnd");
+    QTest::newRow("neither") << false << false << "power -- red --- green - chaos -";
+    QTest::newRow("red lights") << true << false << "power -- red 123 green - chaos -";
+    QTest::newRow("power") << false << true << "power 12 red --- green - chaos -";
+    QTest::newRow("both") << true << true << "power 12 red 123 green - chaos -";
+}
+
+void tst_parallel_port_race::lampsAndPowerAtTheEndAreThoseOfTheRules()
+{
+    QFETCH(bool, redLights);
+    QFETCH(bool, power);
+    QFETCH(QString, atTheEnd);
+    RunningProgram& program = start(portSetup());
+    inRaceSettings(program, [=](const DialogUser& user) {
+        user.enter("redLightsOnRaceStopped", redLights);
+        user.enter("leavePowerOnWhenRaceStopped", power);
+    });
+    startRace();
+    QCOMPARE(outputs(), QString("power 12 red --- green g chaos -"));
+    program.stopRace();
+    QCOMPARE(outputs(), atTheEnd);
 }
 
 void tst_parallel_port_race::withoutTheFeaturesNoOutputIsWritten()

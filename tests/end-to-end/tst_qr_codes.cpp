@@ -4,6 +4,7 @@
 #include "results/CKelmoRaceAnalyzer.h"
 #include "shell/CKelmoMainDialog.h"
 #include "shell/CTrackDisplay.h"
+#include "support/DialogUser.h"
 #include "support/MainThreadWatch.h"
 #include "support/ModalAnswers.h"
 #include "support/RunningProgram.h"
@@ -124,6 +125,7 @@ private Q_SLOTS:
     void aKeyShowsTheCameraAndACardChoosesTheDriver();
     void aCardChoosesTheCar();
     void aButtonOfAPanelDoesTheSame();
+    void theCameraIsTheOneThatTheUserHasChosen();
     void unknownNamesAndForeignTextsCloseTheWindowAndChangeNothing();
     void theWindowClosedWithoutAReadingAndOpenedAgain();
     void aCameraThatVanishes();
@@ -172,6 +174,26 @@ void tst_qr_codes::aButtonOfAPanelDoesTheSame()
     evening.expectReader([&](CQrCodeReaderDialog*) { evening.cameras.showCode("a", "<car>Pfeil"); });
     QTest::mouseClick(evening.button(2, "driverQrButton"), Qt::LeftButton); // either button takes either card
     QCOMPARE(evening.choice(), changed(before, 2, "Ben/Pfeil"));
+}
+
+void tst_qr_codes::theCameraIsTheOneThatTheUserHasChosen()
+{
+    Evening evening;
+    evening.cameras.plug("b", "Kamera am Fenster");
+    evening.cameras.showNothing("b");
+    const QStringList before = evening.choice();
+    evening.answers->expect([](QDialog* dialog) {
+        const DialogUser user(dialog);
+        const auto* cameras = user.control<QComboBox>("qrCodeHandlingCamera");
+        user.enter("qrCodeHandlingCamera", cameras->findText("Kamera am Fenster"));
+        user.press("okButton");
+    });
+    evening.program->pressKey(Qt::Key_G, Qt::ControlModifier);
+    evening.read(Qt::Key_1, [&](CQrCodeReaderDialog*) {
+        evening.cameras.showCode("a", "<drv>Carla");
+        evening.cameras.showCode("b", "<drv>Ben");
+    });
+    QCOMPARE(evening.choice(), changed(before, 1, QString(before[0]).replace("Anna", "Ben")));
 }
 
 void tst_qr_codes::unknownNamesAndForeignTextsCloseTheWindowAndChangeNothing()

@@ -1,5 +1,4 @@
 #include "io/CKelmoPortSimulator.h"
-#include "io/PortIds.h"
 #include "support/RunningProgram.h"
 #include "support/StoredSetup.h"
 
@@ -10,17 +9,6 @@ namespace {
 using Laps = QVector<QVector<int>>; ///< of each track, in milliseconds
 
 constexpr int TenSeconds = 10000;
-
-/** Drives the laps of one track after the other, on the stamps of an interface. */
-void drive(RunningProgram& program, const Laps& laps)
-{
-    for (int track = 0; track < laps.size(); ++track) {
-        int time = 1000;
-        program.sensorAt(time, PortId::lapSensor(track));
-        for (const int lap : laps[track])
-            program.sensorAt(time += lap, PortId::lapSensor(track));
-    }
-}
 
 StoredSetup setupWithRule(int rule, int tracks)
 {
@@ -185,7 +173,7 @@ void tst_race_winner::winnerAndResult()
     setup.rules.setNumOfWorstLapsToIgnore(ignoredLaps);
     setup.write();
     RunningProgram program({"--windowed", "--quickRace"});
-    drive(program, laps);
+    program.driveLaps(laps);
     program.letTimeRunOut();
     QTEST(program.statuses(), "words");
     QTEST(program.message(), "result");

@@ -2,47 +2,27 @@
 #include "io/PortIds.h"
 #include "network/CKelmoNetworkServer.h"
 #include "network/DisplayPeer.h"
+#include "results/CKelmoRaceAnalyzer.h"
 #include "shell/CKelmoMainDialog.h"
 #include "shell/CQrReaderButton.h"
-#include "shell/CRichLabel.h"
 #include "shell/CTrackDisplay.h"
-#include "sound/CSoundOutput.h"
-#include "sound/RecordingSoundOutLib.h"
 #include "support/DatabaseFile.h"
-#include "support/DialogUser.h"
 #include "support/FunctionReader.h"
 #include "support/LoopbackNetwork.h"
-#include "support/ModalAnswers.h"
 #include "support/RecordingSounds.h"
 #include "support/RunningProgram.h"
 #include "support/ScriptedQuestions.h"
+#include "support/SettingsDialogs.h"
 #include "support/StoredSetup.h"
 #include "wizard/WizardDriver.h"
 
-#include <QColorDialog>
 #include <QDir>
-#include <QProgressBar>
 
 namespace {
 
 bool isNetworkOurOwn = false;
 
 const char Folder[] = "stored-races";
-
-using Work = std::function<void(const DialogUser&, ModalAnswers&)>;
-
-/** Opens the settings by their key, lets the user work there and closes them by a button. */
-void inSettings(RunningProgram& program, const Work& work, const char* button = "okButton")
-{
-    ModalAnswers answers;
-    answers.expect([&answers, work, button](QDialog* dialog) {
-        QCOMPARE(dialog->objectName(), QString("settingsDialog"));
-        const DialogUser user(dialog);
-        work(user, answers);
-        user.press(button);
-    });
-    program.pressKey(Qt::Key_G, Qt::ControlModifier);
-}
 
 /** The settings of a program, whose file boxes and questions are answered. */
 CScriptedQuestions* answerBoxes(RunningProgram& program)
@@ -58,11 +38,6 @@ bool isShown(const RunningProgram& program, const char* field)
     return program.track(1)->findChild<QWidget*>(field)->isVisible();
 }
 
-QColor colorOf(const RunningProgram& program, int track, const char* label)
-{
-    return program.track(track)->findChild<CRichLabel*>(label)->color();
-}
-
 /** Drives two laps on track 1: the second is no new best one. */
 void driveTwoLaps(RunningProgram& program)
 {
@@ -74,6 +49,45 @@ void driveTwoLaps(RunningProgram& program)
 QStringList storedFiles()
 {
     return QDir(Folder).entryList({"*.csv"}, QDir::Files);
+}
+
+/** @return the cells of a file in the folder. */
+QList<QByteArray> cellsOf(const QString& file)
+{
+    return contentOf(QDir(Folder).filePath(file)).replace('\n', ';').split(';');
+}
+
+/** Opens the list of fastest laps by its key. */
+void inAnalyzer(RunningProgram& program, const std::function<void(CKelmoRaceAnalyzer*)>& work)
+{
+    ModalAnswers answers;
+    answers.expect([work](QDialog* dialog) {
+        auto* analyzer = qobject_cast<CKelmoRaceAnalyzer*>(dialog);
+        QVERIFY(analyzer);
+        work(analyzer);
+        analyzer->close();
+    });
+    program.pressKey(Qt::Key_A, Qt::ControlModifier);
+}
+
+void exportFastestLaps(RunningProgram& program, const QString& file)
+{
+    inAnalyzer(program, [file](CKelmoRaceAnalyzer* analyzer) {
+        auto questions = std::make_unique<CScriptedQuestions>();
+        questions->fileName = QDir(Folder).filePath(file);
+        analyzer->setUserQuestions(std::move(questions));
+        DialogUser(analyzer).press("exportButton");
+    });
+}
+
+/** @return whether the list of fastest laps offers to read codes. */
+bool analyzerReadsCodes(RunningProgram& program)
+{
+    bool isOffered = false;
+    inAnalyzer(program, [&isOffered](CKelmoRaceAnalyzer* analyzer) {
+        isOffered = analyzer->findChild<QWidget*>("qrButton")->isVisible();
+    });
+    return isOffered;
 }
 
 /** Accepts the editor that opens next, with a name. */
@@ -88,7 +102,7 @@ void expectEditor(ModalAnswers& answers, const char* field, const QString& name)
 
 } // namespace
 
-/** What the user sets in the settings shows, sounds, is stored and is sent in the running program. */
+/** What the user sets in the settings is stored, sent and offered in the running program. */
 class tst_settings : public QObject
 {
     Q_OBJECT
@@ -96,18 +110,9 @@ class tst_settings : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void fieldsOfThePanels_data();
-    void fieldsOfThePanels();
-    void intermediateTimesTakeThePlaceOfSectorTimes();
-    void unitOfTheSpeed_data();
-    void unitOfTheSpeed();
-    void sizeOfThePanels();
-    void colorsOfThePanels();
-    void filesOfTheSounds();
-    void voiceTakesThePlaceOfTheEffects();
-    void voiceTellsWhatItIsAskedFor();
     void racesAreStoredInTheFolderInTheTimeFormat_data();
     void racesAreStoredInTheFolderInTheTimeFormat();
+    void summaryStoresWhereTheSettingsSay();
     void racesAreStoredWhereTheUserIsAsked();
     void folderThatIsNotThereLosesNoRace();
     void portIsThatOfTheNextRun();
@@ -133,174 +138,10 @@ void tst_settings::cleanup()
     QDir(Folder).removeRecursively();
 }
 
-void tst_settings::fieldsOfThePanels_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::newRow("displayShowLaps") << "lapCount";
-    QTest::newRow("displayShowLapTime") << "lastLap";
-    QTest::newRow("displayShowBestLapTime") << "bestLap";
-    QTest::newRow("displayShowStatus") << "status";
-    QTest::newRow("displayShowAverageLapTime") << "averageLap";
-    QTest::newRow("displayShowSectorTimes") << "section3";
-    QTest::newRow("displaySpeed") << "speed";
-    QTest::newRow("displayFuel") << "fuelBar";
-}
-
-void tst_settings::fieldsOfThePanels()
-{
-    QFETCH(QString, field);
-    const char* box = QTest::currentDataTag();
-    StoredSetup setup;
-    setup.raceway.numberOfSectors = 3;
-    setup.write();
-    RunningProgram program;
-    for (const bool on : {true, false, true}) {
-        inSettings(program, [&](const DialogUser& user, ModalAnswers&) { user.enter(box, on); });
-        QCOMPARE(isShown(program, qPrintable(field)), on);
-    }
-}
-
-void tst_settings::intermediateTimesTakeThePlaceOfSectorTimes()
-{
-    StoredSetup setup;
-    setup.raceway.numberOfSectors = 3;
-    setup.write();
-    RunningProgram program;
-    for (const bool intermediate : {false, true}) {
-        inSettings(program, [intermediate](const DialogUser& user, ModalAnswers&) {
-            user.enter("displayShowSectorTimes", true);
-            user.enter("displayShowIntermediateTimes", intermediate);
-        });
-        QVERIFY(program.startRace());
-        for (const char* sensor : {"slot1", "slot1Sector2Begin", "slot1Sector3Begin", "slot1"})
-            program.tap(sensor);
-        const int last = RunningProgram::milliseconds(program.trackText(1, "section3"));
-        QVERIFY(last > 0);
-        QCOMPARE(program.shownLaps(1).value(0) == last, intermediate);
-        program.stopRace();
-    }
-}
-
-void tst_settings::unitOfTheSpeed_data()
-{
-    QTest::addColumn<QString>("unit");
-    QTest::newRow("speedDisplayType0") << " km/h";
-    QTest::newRow("speedDisplayType1") << " m/s";
-    QTest::newRow("speedDisplayType2") << " mph";
-}
-
-void tst_settings::unitOfTheSpeed()
-{
-    QFETCH(QString, unit);
-    StoredSetup setup;
-    setup.raceway.tracks[0].length = 500;
-    setup.write();
-    RunningProgram program;
-    inSettings(program, [](const DialogUser& user, ModalAnswers&) {
-        user.enter("displaySpeed", true);
-        user.enter(QTest::currentDataTag(), true);
-    });
-    QVERIFY(program.startRace());
-    driveTwoLaps(program);
-    const QString speed = program.trackText(1, "speed");
-    QVERIFY2(speed.endsWith(unit), qPrintable(speed));
-    QVERIFY(speed != "0,0" + unit && speed != "0,00" + unit);
-}
-
-void tst_settings::sizeOfThePanels()
-{
-    StoredSetup().write();
-    RunningProgram program;
-    QVector<int> heights;
-    for (int size = 0; size < 4; ++size) {
-        inSettings(program,
-                   [size](const DialogUser& user, ModalAnswers&) { user.enter("displaySize", size); });
-        heights.append(program.track(1)->findChild<CRichLabel*>("lapCount")->height());
-    }
-    for (int size = 1; size < 4; ++size)
-        QVERIFY2(heights[size] < heights[size - 1], qPrintable(QString::number(size)));
-}
-
-void tst_settings::colorsOfThePanels()
-{
-    StoredSetup().write();
-    RunningProgram program;
-    const auto choose = [](ModalAnswers& answers, const QColor& color) {
-        answers.expect([color](QDialog* window) {
-            qobject_cast<QColorDialog*>(window)->setCurrentColor(color);
-            window->accept();
-        });
-    };
-    inSettings(program, [&](const DialogUser& user, ModalAnswers& answers) {
-        choose(answers, Qt::green);
-        user.bringUpAndPress("colorSlot2");
-        choose(answers, Qt::cyan);
-        user.bringUpAndPress("colorBestLapAndStatus");
-    });
-    QCOMPARE(colorOf(program, 1, "lapCount"), QColor("#FFC80A"));
-    QCOMPARE(colorOf(program, 2, "lapCount"), QColor(Qt::green));
-    for (const int track : {1, 2}) {
-        QCOMPARE(colorOf(program, track, "bestLap"), QColor(Qt::cyan));
-        QCOMPARE(colorOf(program, track, "status"), QColor(Qt::cyan));
-    }
-}
-
-void tst_settings::filesOfTheSounds()
-{
-    StoredSetup().write();
-    RunningProgram program;
-    program.sounds().files.clear();
-    inSettings(program, [](const DialogUser& user, ModalAnswers&) {
-        user.enter("newBestLapSound", "best.wav");
-        user.enter("driveThroughSound", "drive.wav");
-        user.enter("redLightSound", "red.wav");
-        user.enter("greenLightSound", "green.wav");
-    });
-    QCOMPARE(program.sounds().files,
-             QStringList({"best.wav", "drive.wav", "red.wav", "green.wav", "best.wav"}));
-}
-
-void tst_settings::voiceTakesThePlaceOfTheEffects()
-{
-    StoredSetup().write();
-    RunningProgram program;
-    for (const bool voice : {true, false}) {
-        inSettings(program,
-                   [voice](const DialogUser& user, ModalAnswers&) { user.enter("soundEnhanced", voice); });
-        program.sounds().played.clear();
-        QVERIFY(program.startRace());
-        driveTwoLaps(program);
-        QCOMPARE(program.sounds().played.isEmpty(), voice);
-        program.stopRace();
-    }
-}
-
-void tst_settings::voiceTellsWhatItIsAskedFor()
-{
-    StoredSetup().write();
-    RunningProgram program;
-    inSettings(program, [](const DialogUser& user, ModalAnswers&) {
-        user.enter("soundEnhanced", true);
-        user.enter("soundVoiceOutputLaps", true);
-        user.enter("soundVoiceOutputLapTime", true);
-        user.enter("soundVoiceOutputBestLapTime", true);
-    });
-    QStringList calls;
-    program.track(1)->setSoundOutput(
-        std::make_unique<CSoundOutput>(std::make_unique<CRecordingSoundOutLib>(&calls)));
-    QVERIFY(program.startRace());
-    driveTwoLaps(program);
-    program.sensorAt(19531 + 7000, PortId::lapSensor(0)); // a new best lap
-    QVERIFY(calls.contains("text 001") && calls.contains("text 003"));
-    QVERIFY(!calls.contains("text 00:10:000"));
-    QVERIFY(calls.contains("text B00:07:000"));
-    program.destroyMain(); // before the list that it writes to
-}
-
 void tst_settings::racesAreStoredInTheFolderInTheTimeFormat_data()
 {
     QTest::addColumn<QByteArray>("time");
-    QTest::newRow("storageCsvTimeFormat0") << QByteArray("00:08:531");
+    QTest::newRow("storageCsvTimeFormat0") << QByteArray("\"00:08:531\t\"");
     QTest::newRow("storageCsvTimeFormat1") << QByteArray("8,531");
     QTest::newRow("storageCsvTimeFormat2") << QByteArray("00:08,531");
 }
@@ -308,7 +149,9 @@ void tst_settings::racesAreStoredInTheFolderInTheTimeFormat_data()
 void tst_settings::racesAreStoredInTheFolderInTheTimeFormat()
 {
     QFETCH(QByteArray, time);
-    StoredSetup().write();
+    StoredSetup setup;
+    setup.rules.setMonitorFastestLap(true);
+    setup.write();
     RunningProgram program;
     answerBoxes(program)->fileName = QDir(Folder).absolutePath();
     inSettings(program, [](const DialogUser& user, ModalAnswers&) {
@@ -322,8 +165,38 @@ void tst_settings::racesAreStoredInTheFolderInTheTimeFormat()
     program.pressKey(Qt::Key_E, Qt::ControlModifier);
     QCOMPARE(storedFiles().size(), 1);
     QVERIFY(storedFiles().first().endsWith("_Anna_Ben.csv"));
-    QVERIFY2(contentOf(QDir(Folder).filePath(storedFiles().first())).contains(time), time);
+    QVERIFY(cellsOf(storedFiles().first()).contains(time));
     QVERIFY(program.user().questions.isEmpty());
+    exportFastestLaps(program, "fastest.csv");
+    QVERIFY(cellsOf("fastest.csv").contains(time));
+}
+
+/** The button of the summary does what the entry of the menu does. */
+void tst_settings::summaryStoresWhereTheSettingsSay()
+{
+    StoredSetup().write();
+    RunningProgram program;
+    for (const bool asks : {false, true}) {
+        inSettings(program, [asks](const DialogUser& user, ModalAnswers&) {
+            user.enter(asks ? "storageApproach0" : "storageApproach1", true);
+            if (!asks)
+                user.enter("storageDefaultPath", Folder);
+        });
+        QVERIFY(program.startRace());
+        driveTwoLaps(program);
+        program.stopRace();
+        program.user().fileName = QDir(Folder).filePath("asked.csv");
+        ModalAnswers answers;
+        answers.expect([](QDialog* summary) {
+            const DialogUser user(summary);
+            user.press("csvButton");
+            user.press("closeButton");
+        });
+        program.pressKey(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(storedFiles().contains("asked.csv"), asks);
+        QCOMPARE(storedFiles().size(), asks ? 2 : 1);
+        QCOMPARE(program.user().questions.size(), asks ? 1 : 0);
+    }
 }
 
 void tst_settings::racesAreStoredWhereTheUserIsAsked()
@@ -411,10 +284,12 @@ void tst_settings::codesCanBeReadWhereTheyAreSwitchedOn()
     program.pressKey(Qt::Key_1, Qt::AltModifier);
     QCOMPARE(readings, 0);
     QVERIFY(!isShown(program, "driverQrButton"));
+    QVERIFY(!analyzerReadsCodes(program));
     inSettings(program,
                [](const DialogUser& user, ModalAnswers&) { user.enter("qrCodeHandlingEnabled", true); });
     QVERIFY(isShown(program, "driverQrButton"));
     QVERIFY(isShown(program, "carQrButton"));
+    QVERIFY(analyzerReadsCodes(program));
     program.pressKey(Qt::Key_1, Qt::AltModifier);
     QCOMPARE(readings, 1);
     QCOMPARE(program.track(1)->driverName(), QString("Ben"));

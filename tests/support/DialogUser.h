@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
@@ -24,7 +25,9 @@ public:
     explicit DialogUser(QDialog* dialog) : m_dialog(dialog)
     {
         dialog->activateWindow();
-        if (!QTest::qWaitForWindowActive(dialog))
+        // Not qWaitForWindowActive(): to that a dialog is active when its parent is, and a field that is
+        // left there keeps what was typed to itself.
+        if (!QTest::qWaitFor([dialog] { return QGuiApplication::focusWindow() == dialog->windowHandle(); }))
             QTest::qFail("the dialog doesn't become active", __FILE__, __LINE__);
     }
 

@@ -3,25 +3,41 @@
 
 #include "sound/CSoundHandler.h"
 
+#include <QMap>
 #include <QStringList>
 
 /** Writes down what would be heard and which files are loaded. */
 class CRecordingSounds : public CSoundHandler
 {
 public:
-    void setNewBestLapSound(const QString& file) override { files.append(file); }
-    void setDriveThroughSound(const QString& file) override { files.append(file); }
-    void setRedLightSound(const QString& file) override { files.append(file); }
-    void setGreenLightSound(const QString& file) override { files.append(file); }
-    void setFuelOnReserveSound(const QString& file) override { files.append(file); }
-    void playNewBestLap() override { played.append("best"); }
-    void playDriveThrough() override { played.append("drive"); }
-    void playRedLightSound() override { played.append("red"); }
-    void playGreenLightSound() override { played.append("green"); }
-    void playFuelOnReserve() override { played.append("reserve"); }
+    void setNewBestLapSound(const QString& file) override { load("best", file); }
+    void setDriveThroughSound(const QString& file) override { load("drive", file); }
+    void setRedLightSound(const QString& file) override { load("red", file); }
+    void setGreenLightSound(const QString& file) override { load("green", file); }
+    void setFuelOnReserveSound(const QString& file) override { load("reserve", file); }
+    void playNewBestLap() override { play("best"); }
+    void playDriveThrough() override { play("drive"); }
+    void playRedLightSound() override { play("red"); }
+    void playGreenLightSound() override { play("green"); }
+    void playFuelOnReserve() override { play("reserve"); }
 
     QStringList files;
-    QStringList played;
+    QStringList played; ///< effects
+    QStringList heard;  ///< files of the effects
+
+private:
+    void load(const QString& effect, const QString& file)
+    {
+        files.append(file);
+        m_fileOf[effect] = file;
+    }
+    void play(const QString& effect)
+    {
+        played.append(effect);
+        heard.append(m_fileOf.value(effect));
+    }
+
+    QMap<QString, QString> m_fileOf;
 };
 
 #endif

@@ -86,6 +86,11 @@ public:
 
     /** Lets a sensor event reach the race without the simulator; 0 for no sensor. */
     void sensorAt(int time, int portId);
+    /**
+     * Drives the laps of one track after the other, in milliseconds, on the stamps of an interface. The
+     * first call since startRace() begins with the crossing that counts no lap.
+     */
+    void driveLaps(const QVector<QVector<int>>& lapsOfTracks);
 
     /** Lets the time limit of the race run out now. */
     void letTimeRunOut();
@@ -110,6 +115,7 @@ private:
     QElapsedTimer m_anyPress;
     QMap<int, QString> m_lapCounts;
     QMap<int, QVector<int>> m_shownLaps;
+    QMap<int, int> m_lastStamp; ///< of driveLaps(); by track
 };
 
 #endif
