@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
-#include <QGuiApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
@@ -25,10 +24,14 @@ public:
     explicit DialogUser(QDialog* dialog) : m_dialog(dialog)
     {
         dialog->activateWindow();
-        // Not qWaitForWindowActive(): to that a dialog is active when its parent is, and a field that is
-        // left there keeps what was typed to itself.
-        if (!QTest::qWaitFor([dialog] { return QGuiApplication::focusWindow() == dialog->windowHandle(); }))
+        // A dialog counts as active when its parent is. There a field that is left would keep what was
+        // typed to itself, so that the focus must be in the dialog.
+        const auto hasFocus = [dialog] { return QGuiApplication::focusWindow() == dialog->windowHandle(); };
+        if (!QTest::qWaitForWindowActive(dialog) || !QTest::qWaitFor(hasFocus))
             QTest::qFail("the dialog doesn't become active", __FILE__, __LINE__);
+        // The platform of the tests thinks that a window which comes back has never lost its focus.
+        if (QApplication::activeWindow() != dialog)
+            QApplication::setActiveWindow(dialog);
     }
 
     template <typename Control = QWidget>
