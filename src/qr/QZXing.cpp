@@ -64,57 +64,75 @@ struct LocalThreshold
     int surroundings; ///< dots around a dot whose mean parts black from white, against shade and glare
 };
 
-constexpr LocalThreshold LocalThresholds[] = {{1, 20}, {2, 50}};
+constexpr LocalThreshold LocalThresholds[] = {
+    {1, 20}, // shade, and small codes in low light
+    {2, 50}, // noise
+    {0, 8},  // blur, and small codes; takes the longest, for it finds the most that looks like a code
+};
 
-/** Sums over any rectangle of a picture, in the time of four look-ups. */
-class RectangleSums
+/** Sums over any square of a picture, in the time of four look-ups. */
+class SquareSums
 {
 public:
-    explicit RectangleSums(const QImage& grey)
-        : m_width(grey.width()), m_height(grey.height()), m_sums(size_t(m_width + 1) * size_t(m_height + 1))
+    explicit SquareSums(const QImage& grey)
+        : m_size(grey.size()), m_sums(size_t(grey.width() + 1) * size_t(grey.height() + 1))
     {
-        for (int y = 0; y < m_height; ++y) {
+        for (int y = 0; y < m_size.height(); ++y) {
             const uchar* line = grey.constScanLine(y);
-            quint64 row = 0;
-            for (int x = 0; x < m_width; ++x) {
-                row += line[x];
-                at(x + 1, y + 1) = at(x + 1, y) + row;
+            const quint32* above = row(y);
+            quint32* sums = &m_sums[rowStart(y + 1)];
+            quint32 sum = 0;
+            for (int x = 0; x < m_size.width(); ++x) {
+                sum += line[x];
+                sums[x + 1] = above[x + 1] + sum;
             }
         }
     }
 
-    /** @return the mean of the square around a dot, as far as it lies in the picture. */
-    double mean(int x, int y, int radius) const
+    const QSize& size() const { return m_size; }
+
+    /** @return whether the mean of the inner square around a dot is not below that of the outer one. */
+    bool isLight(int x, int y, const LocalThreshold& threshold) const
     {
-        const int left = std::max(0, x - radius);
-        const int right = std::min(m_width, x + radius + 1);
-        const int top = std::max(0, y - radius);
-        const int bottom = std::min(m_height, y + radius + 1);
-        const quint64 sum = at(right, bottom) + at(left, top) - at(left, bottom) - at(right, top);
-        return double(sum) / ((right - left) * (bottom - top));
+        const Square inner = square(x, y, threshold.smoothing);
+        const Square outer = square(x, y, threshold.surroundings);
+        return inner.sum * outer.dots >= outer.sum * inner.dots;
     }
 
 private:
-    quint64& at(int x, int y) { return m_sums[size_t(y) * size_t(m_width + 1) + size_t(x)]; }
-    quint64 at(int x, int y) const { return m_sums[size_t(y) * size_t(m_width + 1) + size_t(x)]; }
+    struct Square
+    {
+        quint64 sum;
+        quint64 dots;
+    };
 
-    int m_width;
-    int m_height;
-    std::vector<quint64> m_sums;
+    /** @return the square around a dot, as far as it lies in the picture. */
+    Square square(int x, int y, int radius) const
+    {
+        const int left = std::max(0, x - radius);
+        const int right = std::min(m_size.width(), x + radius + 1);
+        const int top = std::max(0, y - radius);
+        const int bottom = std::min(m_size.height(), y + radius + 1);
+        const quint32* above = row(top);
+        const quint32* within = row(bottom);
+        const quint32 sum = within[right] - within[left] - above[right] + above[left];
+        return {sum, quint64(right - left) * quint64(bottom - top)};
+    }
+    size_t rowStart(int y) const { return size_t(y) * size_t(m_size.width() + 1); }
+    const quint32* row(int y) const { return &m_sums[rowStart(y)]; }
+
+    QSize m_size;
+    std::vector<quint32> m_sums; ///< of all dots above and left; an overflow cancels out in a square
 };
 
 /** @return 0 for each dot darker than its surroundings, 255 for the others. */
-QImage blackAndWhite(const QImage& grey, const LocalThreshold& threshold)
+QImage blackAndWhite(const SquareSums& sums, const LocalThreshold& threshold)
 {
-    const RectangleSums sums(grey);
-    QImage image(grey.size(), QImage::Format_Grayscale8);
+    QImage image(sums.size(), QImage::Format_Grayscale8);
     for (int y = 0; y < image.height(); ++y) {
         uchar* line = image.scanLine(y);
-        for (int x = 0; x < image.width(); ++x) {
-            const bool isLight =
-                sums.mean(x, y, threshold.smoothing) >= sums.mean(x, y, threshold.surroundings);
-            line[x] = isLight ? 255 : 0;
-        }
+        for (int x = 0; x < image.width(); ++x)
+            line[x] = sums.isLight(x, y, threshold) ? 255 : 0;
     }
     return image;
 }
@@ -156,11 +174,12 @@ QString QZXing::decodeImage(const QImage& image, int maxWidth, int maxHeight, bo
     const QImage grey =
         limited(image, maxWidth, maxHeight, smoothTransformation).convertToFormat(QImage::Format_Grayscale8);
     QString text = decodeFiltered(grey, ZXing::Binarizer::LocalAverage);
-    if (!(m_tryHarder & ThoroughScanning))
+    if (!text.isEmpty() || !(m_tryHarder & ThoroughScanning))
         return text;
+    const SquareSums sums(grey);
     for (const LocalThreshold& threshold : LocalThresholds) {
         if (text.isEmpty())
-            text = decodeFiltered(blackAndWhite(grey, threshold), ZXing::Binarizer::BoolCast);
+            text = decodeFiltered(blackAndWhite(sums, threshold), ZXing::Binarizer::BoolCast);
     }
     return text;
 }
