@@ -27,7 +27,7 @@ class CKelmoNetworkServer : public QObject
 
 public:
     /** More bytes than these never wait for a client: it is cut off. */
-    static constexpr qint64 MaxWaiting = 4 * 1024 * 1024;
+    static constexpr qint64 MaxWaiting = qint64(4) * 1024 * 1024;
 
     /**
      * Listens at once. A port that can't be listened on gives a program without display clients.
