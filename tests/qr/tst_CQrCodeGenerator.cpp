@@ -82,6 +82,7 @@ private Q_SLOTS:
     void threeCarsGiveTwoRowsWithTheLastCellsEmpty();
     void carsWithEqualLabelsHaveEqualCodes();
     void labelOfOneCarAndOfACarInTheList();
+    void aLabelInTheListEndsWithALineEnd();
     void labelOfADriverIsTheName();
     void everyNameHasItsOwnPicture();
     void twoHundredCarsOverSeveralPages();
@@ -218,6 +219,21 @@ void tst_CQrCodeGenerator::labelOfOneCarAndOfACarInTheList()
     list.updateCar(0, car);
     CQrCodeGenerator().generateCarCodes("all.pdf", &list);
     QCOMPARE(PrintedPages("all.pdf").labels(), one.labels());
+}
+
+/** In the list a label ends with the end of a line: beside a tall label the cell is higher by one. */
+void tst_CQrCodeGenerator::aLabelInTheListEndsWithALineEnd()
+{
+    const CCar car = carNamed(QString("Adelheid von Ückermünde ").repeated(5));
+    CQrCodeGenerator().generateCarCodes("one.pdf", car);
+    CCarList list;
+    list.removeAll();
+    list.updateCar(0, car);
+    CQrCodeGenerator().generateCarCodes("all.pdf", &list);
+    const int heightOfOne = PrintedPages("one.pdf").codes().first().labelCell.height();
+    const int heightInTheList = PrintedPages("all.pdf").codes().first().labelCell.height();
+    QVERIFY2(heightInTheList > heightOfOne + 10,
+             qPrintable(QString("%1 %2").arg(heightOfOne).arg(heightInTheList)));
 }
 
 void tst_CQrCodeGenerator::labelOfADriverIsTheName()

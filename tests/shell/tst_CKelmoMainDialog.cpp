@@ -111,6 +111,7 @@ private Q_SLOTS:
     void qrButtonOfAPanelReadsForIt();
     void qrCodeForAPanelThatIsGoneChangesNothing();
 
+    void qrKeysStayBoundInClientMode();
     void clientModeShowsNamesInDisabledBoxes();
     void raceSettingsKnowTheNamesThatTheBoxesShow();
 
@@ -601,6 +602,24 @@ void tst_CKelmoMainDialog::qrButtonOfAPanelReadsForIt()
     fixture.track(2)->findChild<QAbstractButton*>("carQrButton")->click();
     QCOMPARE(fixture.carBox(2)->currentText(), QString("Blitz"));
     QCOMPARE(fixture.carBox(1)->currentIndex(), 0);
+}
+
+void tst_CKelmoMainDialog::qrKeysStayBoundInClientMode()
+{
+    MainDialogFixture fixture;
+    fixture.raceSettings.setRaceway(racewayWithTracks(2));
+    fixture.settings.setQrCodeHandlingEnabled(true);
+    fixture.dialog.enableClientMode();
+    int reads = 0;
+    fixture.dialog.setQrCodeReaderDialog(std::make_unique<FunctionReader>([&reads] {
+        ++reads;
+        return QString();
+    }));
+    QVERIFY(fixture.activate());
+    fixture.pressKey(Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(reads, 1);
+    for (const char* name : {"driverQrButton", "carQrButton"})
+        QVERIFY(!fixture.track(2)->findChild<QAbstractButton*>(name)->isEnabled());
 }
 
 void tst_CKelmoMainDialog::clientModeShowsNamesInDisabledBoxes()
