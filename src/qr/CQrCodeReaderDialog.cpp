@@ -154,6 +154,8 @@ void CQrCodeReaderDialog::tellProblem(const QString& text)
 
 void CQrCodeReaderDialog::publishResult(QString resultString)
 {
+    if (m_captures > 1)
+        return; // read for a window that the user has closed; this one may stand for another track
     m_reader->stop();
     m_readerThread->quit();
     done(0);

@@ -52,8 +52,8 @@ public:
     }
 
 private:
-    static constexpr int Limit = 30000; ///< milliseconds
-    static constexpr int Work = 20000;  ///< microseconds of the processor in which a reader asks many times
+    static constexpr int Limit = 120000; ///< milliseconds
+    static constexpr int Work = 20000;   ///< microseconds of the processor in which a reader asks many times
 
     int timesTurnedTo() const { return m_stills ? m_stills->property("timesTurnedTo").toInt() : -1; }
 
