@@ -1,4 +1,3 @@
-#include "data/CCarList.h"
 #include "dialogs/CKelmoRaceSettings.h"
 #include "io/CKelmoPortSimulator.h"
 #include "shell/CKelmoMainDialog.h"
@@ -22,32 +21,6 @@ void answerFileBoxes(RunningProgram& program, const QString& fileName)
     program.dialog().findChild<CKelmoRaceSettings*>()->setUserQuestions(std::move(questions));
 }
 
-/** A raceway that can switch power, with a refuelling sensor, for a user without any rule. */
-StoredSetup setupWithPower()
-{
-    StoredSetup setup;
-    setup.raceway.pwrOffFeatureAvailable = true;
-    setup.raceway.fuelSensorSetup = 1;
-    setup.settings.setDisplayFuel(true);
-    return setup;
-}
-
-/** Tanks that two short laps empty, the same for all. */
-void enterSmallTanks(const DialogUser& user)
-{
-    user.enter("fuelFunction2", true);
-    user.enter("tankSize", 10);
-    user.enter("reserveLevel", 2);
-    user.enter("maxFuelUsageAmount", 6);
-    user.enter("refuelInterval", QTime(0, 0, 0, 20));
-    user.enter("refuelAmount", 10);
-}
-
-bool isOn(const RunningProgram& program, int track)
-{
-    return program.powerText(track) == QStringLiteral("Spur &%1 ausschalten").arg(track);
-}
-
 } // namespace
 
 /** What the user sets in the race settings counts in the next race of the running program. */
@@ -58,11 +31,6 @@ class tst_race_settings : public QObject
 private Q_SLOTS:
     void winnerIsTheOneOfTheRule_data();
     void winnerIsTheOneOfTheRule();
-    void commonTanksEmptyAndFill();
-    void reactionToAnEmptyTank_data();
-    void reactionToAnEmptyTank();
-    void tanksOfTheCars();
-    void noFuel();
     void dataCapture_data();
     void dataCapture();
     void cancelledSettingsHaveNoEffect();
@@ -130,95 +98,6 @@ void tst_race_settings::winnerIsTheOneOfTheRule()
     program.driveLaps({{10000, 12000, 11000}, {9000, 14000}});
     program.letTimeRunOut();
     QCOMPARE(program.message(), result);
-}
-
-void tst_race_settings::commonTanksEmptyAndFill()
-{
-    setupWithPower().write();
-    RunningProgram program;
-    inRaceSettings(program, enterSmallTanks);
-    QVERIFY(program.startRace());
-    QCOMPARE(program.fuel(1), 100);
-    program.cross(1);
-    program.cross(1);
-    QCOMPARE(program.fuel(1), 40);
-    QCOMPARE(program.fuel(2), 100);
-    program.hold("slot1Fuel");
-    QTRY_COMPARE(program.fuel(1), 100);
-    program.release("slot1Fuel");
-}
-
-void tst_race_settings::reactionToAnEmptyTank_data()
-{
-    QTest::addColumn<int>("reaction");
-    QTest::newRow("laps don't count") << 0;
-    QTest::newRow("power off") << 1;
-    QTest::newRow("penalty") << 2;
-    QTest::newRow("stutter") << 3;
-}
-
-void tst_race_settings::reactionToAnEmptyTank()
-{
-    QFETCH(int, reaction);
-    setupWithPower().write();
-    RunningProgram program;
-    inRaceSettings(program, [reaction](const DialogUser& user) {
-        enterSmallTanks(user);
-        user.enter(qPrintable(QStringLiteral("emptyFuelReaction%1").arg(reaction)), true);
-        user.enter("emptyFuelPenaltyTime", QTime(0, 0, 30));
-        user.enter("emptyFuelStutterFrequency", 10);
-    });
-    QVERIFY(program.startRace());
-    for (int crossing = 0; crossing < 3; ++crossing)
-        program.cross(1);
-    QCOMPARE(program.fuel(1), 0);
-    QCOMPARE(isOn(program, 1), reaction != 1);
-    program.cross(1);
-    QCOMPARE(program.laps(1), QString(reaction == 0 ? "002" : "003"));
-    QCOMPARE(RunningProgram::milliseconds(program.trackText(1, "lastLap")) > 30000, reaction == 2);
-    if (reaction == 3) {
-        QTRY_VERIFY(!isOn(program, 1));
-        QTRY_VERIFY(isOn(program, 1));
-    }
-}
-
-void tst_race_settings::tanksOfTheCars()
-{
-    setupWithPower().write();
-    {
-        CCarList cars;
-        CCar car = cars.carAt(0);
-        CFuelTank tank = car.fuelTank();
-        tank.setTankSizeAndReserveLevel(20, 2);
-        tank.setMaxUsage(5, CCarList::MaxUsageTime);
-        car.setFuelTank(tank);
-        cars.updateCar(0, car);
-    }
-    RunningProgram program;
-    inRaceSettings(program, [](const DialogUser& user) {
-        enterSmallTanks(user);
-        user.enter("fuelFunction1", true);
-    });
-    QVERIFY(program.startRace());
-    program.cross(1);
-    program.cross(1);
-    QCOMPARE(program.fuel(1), 75);
-}
-
-void tst_race_settings::noFuel()
-{
-    StoredSetup setup = setupWithPower();
-    CFuelSettings fuel = setup.rules.fuelSettings();
-    fuel.setFuelFunction(CFuelSettings::FuelSameForAll);
-    setup.rules.setFuelSettings(fuel);
-    setup.write();
-    RunningProgram program;
-    inRaceSettings(program, [](const DialogUser& user) { user.enter("fuelFunction0", true); });
-    QVERIFY(program.startRace());
-    for (int crossing = 0; crossing < 4; ++crossing)
-        program.cross(1);
-    QCOMPARE(program.fuel(1), 100);
-    QCOMPARE(program.laps(1), QString("003"));
 }
 
 void tst_race_settings::dataCapture_data()
