@@ -18,6 +18,31 @@ constexpr int EdgesOfField = 2 * (1 + 2); ///< pixels: the border and what a lin
 constexpr int Cursor = 1;
 constexpr int EdgesOfButton = 2 * (1 + 5 + 4); ///< pixels: border, padding and some air
 
+/**
+ * Lets the longest time of a range be typed whatever stands in its further parts: where a part is allowed,
+ * but not with those behind it, these become the greatest allowed. Its base takes "10" for the minutes of a
+ * range up to 10:00 only where the seconds are 0 already.
+ */
+class TimeEdit : public QTimeEdit
+{
+public:
+    using QTimeEdit::QTimeEdit;
+
+protected:
+    QValidator::State validate(QString& text, int& position) const override
+    {
+        const QString typed = text;
+        const QValidator::State state = QTimeEdit::validate(text, position);
+        const QString longest = maximumTime().toString(displayFormat());
+        const auto firstPart = [](const QString& time) { return time.section(QLatin1Char(':'), 0, 0); };
+        if (state != QValidator::Invalid || firstPart(typed) != firstPart(longest) ||
+            QTime::fromString(typed, displayFormat()) <= maximumTime())
+            return state;
+        text = longest;
+        return QTimeEdit::validate(text, position);
+    }
+};
+
 void markPlaceholder(QLineEdit* edit)
 {
     const char property[] = "showsPlaceholder";
@@ -77,7 +102,7 @@ QHBoxLayout* indented(QWidget* widget, int steps)
 QTimeEdit* timeEdit(const char* name, const QString& format, const QTime& first, const QTime& last,
                     QWidget* parent)
 {
-    auto* edit = new QTimeEdit(parent);
+    auto* edit = new TimeEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setDisplayFormat(format);
     edit->setTimeRange(first, last);

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void lightDelayIsHeldAlsoWhereOkComesRightBehindTheTyping();
     void firstDigitsOfALightDelayAreNotTakenForIt();
     void lightDelaysAreShownWhateverStoodThereBefore();
+    void timesAreTypedPartByPart_data();
+    void timesAreTypedPartByPart();
     void keyboardWalksFromTheTopToTheBottom();
 };
 
@@ -218,6 +220,54 @@ void tst_CKelmoRaceSettingsControls::lightDelaysAreShownWhateverStoodThereBefore
         QCOMPARE(rules.startLightsMinDelay(), minimum);
         QCOMPARE(rules.startLightsMaxDelay(), maximum);
     }
+}
+
+void tst_CKelmoRaceSettingsControls::timesAreTypedPartByPart_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QTime>("time");
+    const auto row = [](const char* field, const char* typed, const QTime& time) {
+        QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(field, typed))) << field << typed << time;
+    };
+    row("startDelay", "0007", QTime(0, 0, 7));
+    row("startDelay", "0130", QTime(0, 1, 30));
+    row("startDelay", "1000", QTime(0, 10));
+    row("startDelay", "1030", QTime(0, 10)); // that is the longest
+    row("startDelay", "0930", QTime(0, 9, 30));
+    row("startDelay", "0002", QTime(0, 0, 5)); // that is the shortest
+    row("endTime", "000100", QTime(0, 1));
+    row("endTime", "012345", QTime(1, 23, 45));
+    row("endTime", "235959", QTime(23, 59, 59));
+    row("winningTargetTime", "0008531", QTime(0, 0, 8, 531));
+    row("winningTargetTime", "5959999", QTime(0, 59, 59, 999));
+    row("refuelInterval", "1:250", QTime(0, 0, 1, 250));
+    row("refuelInterval", "0:020", QTime(0, 0, 0, 20));
+    row("refuelInterval", "9:999", QTime(0, 0, 9, 999));
+    row("minFuelUsageTime", "0100007", QTime(0, 1, 0, 7));
+    row("maxFuelUsageTime", "0003021", QTime(0, 0, 3, 21));
+    row("emptyFuelPenaltyTime", "0002500", QTime(0, 0, 2, 500));
+}
+
+void tst_CKelmoRaceSettingsControls::timesAreTypedPartByPart()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, typed);
+    QFETCH(QTime, time);
+    CRaceSettings rules = withFuel(ordinaryRules(), CFuelSettings::FuelSameForAll, 2);
+    rules.setStartType(CRaceSettings::TimedStart);
+    rules.setEndType(CRaceSettings::TimeLimit);
+    rules.setWinningCondition(4);
+    CKelmoRaceSettings dialog(&rules);
+    const auto work = [&](const DialogUser& user) {
+        auto* edit = user.control<QTimeEdit>(qPrintable(field));
+        auto* tabs = user.control<QTabWidget>("tabs");
+        tabs->setCurrentIndex(tabs->widget(0)->isAncestorOf(edit) ? 0 : 1);
+        edit->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(edit, typed);
+    };
+    open(dialog, work);
+    open(dialog, [&](const DialogUser& user) { QCOMPARE(user.value(qPrintable(field)).toTime(), time); });
 }
 
 void tst_CKelmoRaceSettingsControls::keyboardWalksFromTheTopToTheBottom()

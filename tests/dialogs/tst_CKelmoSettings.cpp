@@ -57,6 +57,7 @@ private Q_SLOTS:
     void folderIsChosenInAFileBox();
     void waitTimeOfZeroIsStoredAsZero();
     void waitTimeOverTheLongestIsShownAsTheLongest();
+    void longestWaitTimeCanBeTypedWhateverTheSecondsAre();
     void portTakesOnlyDigitsUpToTheHighestPort_data();
     void portTakesOnlyDigitsUpToTheHighestPort();
     void emptyPortIsStoredAsZero();
@@ -362,6 +363,20 @@ void tst_CKelmoSettings::waitTimeOverTheLongestIsShownAsTheLongest()
             [&](const DialogUser& user) { QCOMPARE(user.value("shutdownWaitTime").toTime(), shown); });
         QCOMPARE(storedSettings().shutdownWaitTime(), seconds < 0 ? 0 : 600);
     }
+}
+
+void tst_CKelmoSettings::longestWaitTimeCanBeTypedWhateverTheSecondsAre()
+{
+    store(to(&CSettings::setSendShutdownToClients, true));
+    SettingsFixture fixture;
+    fixture.open([](const DialogUser& user) {
+        user.control<QTabWidget>("tabs")->setCurrentIndex(6);
+        QWidget* field = user.control("shutdownWaitTime");
+        QCOMPARE(user.value("shutdownWaitTime").toTime(), QTime(0, 0, 15));
+        field->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(field, "10");
+    });
+    QCOMPARE(storedSettings().shutdownWaitTime(), 600);
 }
 
 void tst_CKelmoSettings::portTakesOnlyDigitsUpToTheHighestPort_data()
