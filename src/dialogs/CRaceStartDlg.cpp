@@ -7,13 +7,20 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+namespace {
+
+constexpr int NameWidth = 256;
+
+} // namespace
+
 CRaceStartDlg::CRaceStartDlg(QWidget* parent) : QDialog(parent), m_nameEdit(new QLineEdit(this))
 {
     setObjectName("raceStartDialog");
     setWindowTitle(tr("Wettkampf Rennen"));
     m_nameEdit->setObjectName("raceName");
     m_nameEdit->setMaxLength(120);
-    m_nameEdit->setMaximumWidth(256);
+    m_nameEdit->setMaximumWidth(NameWidth);
+    m_nameEdit->setMinimumWidth(NameWidth); // else it is narrower than most names
     setStyleSheet(dialogStyleSheet());
 
     auto* startButton = new QPushButton(tr("Rennen &Starten"), this);

@@ -47,6 +47,7 @@ void tst_CRaceStartDlg::showsItsTexts()
     QCOMPARE(dialog.findChild<QPushButton*>("startButton")->text(), QString("Rennen &Starten"));
     QCOMPARE(dialog.findChild<QPushButton*>("cancelButton")->text(), QString("&Abbrechen"));
     QCOMPARE(nameEdit(&dialog)->maximumWidth(), 256);
+    QCOMPARE(nameEdit(&dialog)->minimumWidth(), 256); // whatever the length of the texts round it
 }
 
 void tst_CRaceStartDlg::acceptingGivesTheName()
