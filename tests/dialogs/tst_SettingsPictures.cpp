@@ -10,6 +10,7 @@
 #include <QColorDialog>
 #include <QFile>
 #include <QHeaderView>
+#include <QMessageBox>
 #include <QSettings>
 
 using DialogPicture::look;
@@ -79,6 +80,8 @@ private Q_SLOTS:
     void everyColumnOfALongNameIsInSight_data();
     void everyColumnOfALongNameIsInSight();
     void colorDialogCanBeReadOverTheSettings_data();
+    void questionBeforeADeletionIsWhollyVisible_data();
+    void questionBeforeADeletionIsWhollyVisible();
     void colorDialogCanBeReadOverTheSettings();
 };
 
@@ -159,6 +162,51 @@ void tst_SettingsPictures::colorDialogCanBeReadOverTheSettings_data()
     QTest::addColumn<QString>("title");
     QTest::newRow("de") << "Farbauswahl";
     QTest::newRow("en") << "Select Color";
+}
+
+void tst_SettingsPictures::questionBeforeADeletionIsWhollyVisible_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QByteArray>("tree");
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<int>("row");
+    for (const char* language : {"de", "en"}) {
+        for (const bool isLong : {false, true}) {
+            const QString name =
+                QStringLiteral("delete-%1-%2-%3").arg("%1", isLong ? "long" : "short", language);
+            const int row = isLong ? 2 : 3;
+            QTest::newRow(qPrintable(name.arg("raceway")))
+                << language << QByteArray("racewayTree") << QByteArray("deleteRaceway") << row;
+            QTest::newRow(qPrintable(name.arg("car")))
+                << language << QByteArray("carTree") << QByteArray("deleteCar") << row;
+            QTest::newRow(qPrintable(name.arg("driver")))
+                << language << QByteArray("driverTree") << QByteArray("deleteDriver") << row;
+        }
+    }
+}
+
+void tst_SettingsPictures::questionBeforeADeletionIsWhollyVisible()
+{
+    QFETCH(QString, language);
+    QFETCH(QByteArray, tree);
+    QFETCH(QByteArray, button);
+    QFETCH(int, row);
+    const Dashboard dashboard(language);
+    ModalAnswers answers;
+    answers.expect([&](QDialog* dialog) {
+        answers.expect([](QDialog* box) {
+            QVERIFY(qobject_cast<QMessageBox*>(box));
+            look(box, QTest::currentDataTag());
+            box->reject();
+        });
+        const DialogUser user(dialog);
+        user.selectRow(tree, row);
+        const int before = user.rows(tree).size();
+        user.press(button);
+        QCOMPARE(user.rows(tree).size(), before);
+        dialog->reject();
+    });
+    QVERIFY(dashboard->trigger("showSettings"));
 }
 
 void tst_SettingsPictures::colorDialogCanBeReadOverTheSettings()

@@ -1,4 +1,3 @@
-#include "dialogs/CKelmoSettings.h"
 #include "io/PortIds.h"
 #include "network/CKelmoNetworkServer.h"
 #include "network/DisplayPeer.h"
@@ -23,15 +22,6 @@ namespace {
 bool isNetworkOurOwn = false;
 
 const char Folder[] = "stored-races";
-
-/** The settings of a program, whose file boxes and questions are answered. */
-CScriptedQuestions* answerBoxes(RunningProgram& program)
-{
-    auto questions = std::make_unique<CScriptedQuestions>();
-    CScriptedQuestions* user = questions.get();
-    program.dialog().findChild<CKelmoSettings*>()->setUserQuestions(std::move(questions));
-    return user;
-}
 
 bool isShown(const RunningProgram& program, const char* field)
 {
@@ -88,16 +78,6 @@ bool analyzerReadsCodes(RunningProgram& program)
         isOffered = analyzer->findChild<QWidget*>("qrButton")->isVisible();
     });
     return isOffered;
-}
-
-/** Accepts the editor that opens next, with a name. */
-void expectEditor(ModalAnswers& answers, const char* field, const QString& name)
-{
-    answers.expect([field, name](QDialog* window) {
-        const DialogUser editor(window);
-        editor.enter(field, name);
-        editor.press("okButton");
-    });
 }
 
 } // namespace

@@ -1,9 +1,12 @@
 #ifndef TORNIK_TESTS_SUPPORT_SETTINGSDIALOGS_H
 #define TORNIK_TESTS_SUPPORT_SETTINGSDIALOGS_H
 
+#include "dialogs/CKelmoSettings.h"
+#include "shell/CKelmoMainDialog.h"
 #include "support/DialogUser.h"
 #include "support/ModalAnswers.h"
 #include "support/RunningProgram.h"
+#include "support/ScriptedQuestions.h"
 
 #include <functional>
 
@@ -34,6 +37,25 @@ inline void inSettings(RunningProgram& program,
         user.press(button);
     });
     program.pressKey(Qt::Key_G, Qt::ControlModifier);
+}
+
+/** @return who answers the file boxes and questions of the basic settings from now on. */
+inline CScriptedQuestions* answerBoxes(RunningProgram& program)
+{
+    auto questions = std::make_unique<CScriptedQuestions>();
+    CScriptedQuestions* user = questions.get();
+    program.dialog().findChild<CKelmoSettings*>()->setUserQuestions(std::move(questions));
+    return user;
+}
+
+/** Accepts the editor of a car or driver that opens next, with a name. */
+inline void expectEditor(ModalAnswers& answers, const char* field, const QString& name)
+{
+    answers.expect([field, name](QDialog* window) {
+        const DialogUser editor(window);
+        editor.enter(field, name);
+        editor.press("okButton");
+    });
 }
 
 #endif
