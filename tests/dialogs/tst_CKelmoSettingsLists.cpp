@@ -515,6 +515,10 @@ void tst_CKelmoSettingsLists::badFilesLoseNothing_data()
     row("carriage returns", "Name\r\nAnna;GT\r\nBen\r\n", {"Anna", "Ben"}, {"Anna", "Ben"});
     row("no line end", "Name\nAnna", {"Anna"}, {"Anna"});
     row("without a name", "Name\n;;;;\n", {}, {});
+    row("more columns than any form", "Name\nAnna" + QByteArray(100000, ';') + "\nBen\n", {"Anna", "Ben"},
+        {"Anna", "Ben"});
+    row("no text", QByteArray("Name\n\xff\xfe\x01;\x80\n", 11), {QStringLiteral("\ufffd\ufffd\u0001")},
+        {QStringLiteral("\ufffd\ufffd\u0001")});
 }
 
 void tst_CKelmoSettingsLists::badFilesLoseNothing()
@@ -530,9 +534,11 @@ void tst_CKelmoSettingsLists::badFilesLoseNothing()
         QStringList expected = added + QStringList("Default");
         expected.sort();
         QCOMPARE(names(user, tab), expected);
-        fixture.user->fileName = "there-is-none.csv";
-        user.press(tab.importButton);
-        QCOMPARE(names(user, tab), expected);
+        for (const char* noFile : {"there-is-none.csv", ".", "/dev/zero"}) {
+            fixture.user->fileName = noFile;
+            user.press(tab.importButton);
+            QCOMPARE(names(user, tab), expected);
+        }
     });
 }
 

@@ -1,7 +1,7 @@
 #include "data/CCarList.h"
 #include "io/PortIds.h"
-#include "race/CRace.h"
 #include "qr/PrintedPages.h"
+#include "race/CRace.h"
 #include "shell/CTrackDisplay.h"
 #include "support/DatabaseFile.h"
 #include "support/SettingsDialogs.h"
@@ -37,14 +37,14 @@ struct List
 
 const List Cars{"cars",       "carTree",   "newCar",      "editCar", "deleteCar", "importCars",
                 "exportCars", "qrCodeCar", "qrCodesCars", "carName", "carBox",    "<car>"};
-const List Drivers{"driver",        "driverTree",   "newDriver",      "editDriver", "deleteDriver", "importDrivers",
-                   "exportDrivers", "qrCodeDriver", "qrCodesDrivers", "driverName", "driverBox",    "<drv>"};
+const List Drivers{"driver",         "driverTree",    "newDriver",     "editDriver",
+                   "deleteDriver",   "importDrivers", "exportDrivers", "qrCodeDriver",
+                   "qrCodesDrivers", "driverName",    "driverBox",     "<drv>"};
 
-const char* const AllButtons[] = {"newRaceway",    "editRaceway",   "deleteRaceway", "useRaceway",
-                                  "newCar",        "editCar",       "deleteCar",     "importCars",
-                                  "exportCars",    "qrCodeCar",     "qrCodesCars",   "newDriver",
-                                  "editDriver",    "deleteDriver",  "importDrivers", "exportDrivers",
-                                  "qrCodeDriver",  "qrCodesDrivers"};
+const char* const AllButtons[] = {
+    "newRaceway", "editRaceway",  "deleteRaceway", "useRaceway",    "newCar",       "editCar",
+    "deleteCar",  "importCars",   "exportCars",    "qrCodeCar",     "qrCodesCars",  "newDriver",
+    "editDriver", "deleteDriver", "importDrivers", "exportDrivers", "qrCodeDriver", "qrCodesDrivers"};
 
 void addLists()
 {
@@ -306,12 +306,20 @@ void tst_lists::editedOneIsThereEverywhere()
 
 void tst_lists::editedCarShowsItsValuesAgain()
 {
-    const QMap<QByteArray, QVariant> values{
-        {"originalManufacturer", "Porsche"}, {"originalType", "917k"}, {"startNumber", "23"},
-        {"scale", "43"},                     {"speedClass", 4},        {"modelManufacturer", "Fly"},
-        {"chassis", "Slot.it"},              {"comment", "Leihwagen"}, {"tankSize", 80.5},
-        {"reserveLevel", 12.25},             {"minUsage", 0.1},        {"maxUsage", 999.99},
-        {"distanceDriven", "99"},            {"freeField0", "blau"}};
+    const QMap<QByteArray, QVariant> values{{"originalManufacturer", "Porsche"},
+                                            {"originalType", "917k"},
+                                            {"startNumber", "23"},
+                                            {"scale", "43"},
+                                            {"speedClass", 4},
+                                            {"modelManufacturer", "Fly"},
+                                            {"chassis", "Slot.it"},
+                                            {"comment", "Leihwagen"},
+                                            {"tankSize", 80.5},
+                                            {"reserveLevel", 12.25},
+                                            {"minUsage", 0.1},
+                                            {"maxUsage", 999.99},
+                                            {"distanceDriven", "99"},
+                                            {"freeField0", "blau"}};
     storeLists();
     CCarList().addCar(zonda());
     m_program = std::make_unique<RunningProgram>();
@@ -331,12 +339,13 @@ void tst_lists::editedCarShowsItsValuesAgain()
             });
             user.press("editCar");
         });
-        QCOMPARE(DatabaseFile().rows("SELECT name, originalManufacturer, originalType, startNumber, scale, class, "
-                                     "modelManufacturer, chassis, comment, tankSize, tankReserveLevel, "
-                                     "minConsumption, maxConsumption, distanceDriven, freeField0, freeField9 "
-                                     "FROM cars WHERE name = 'Zonda'"),
-                 QStringList("Zonda|Porsche|917k|23|43|5|Fly|Slot.it|Leihwagen|80.5|12.25|0.1|999.99|99|"
-                             "blau|Wert 9"));
+        QCOMPARE(
+            DatabaseFile().rows("SELECT name, originalManufacturer, originalType, startNumber, scale, class, "
+                                "modelManufacturer, chassis, comment, tankSize, tankReserveLevel, "
+                                "minConsumption, maxConsumption, distanceDriven, freeField0, freeField9 "
+                                "FROM cars WHERE name = 'Zonda'"),
+            QStringList("Zonda|Porsche|917k|23|43|5|Fly|Slot.it|Leihwagen|80.5|12.25|0.1|999.99|99|"
+                        "blau|Wert 9"));
     }
 }
 
@@ -393,8 +402,7 @@ void tst_lists::carsAreExported()
     m_program = std::make_unique<RunningProgram>();
     CScriptedQuestions* boxes = answerBoxes(*m_program);
     boxes->fileName = File;
-    inSettings(*m_program,
-               [](const DialogUser& user, ModalAnswers&) { user.bringUpAndPress("exportCars"); });
+    inSettings(*m_program, [](const DialogUser& user, ModalAnswers&) { user.bringUpAndPress("exportCars"); });
     QCOMPARE(boxes->questions, (QList<QStringList>{{"Fahrzeugliste exportieren nach ...", "carList.csv",
                                                     "CSV-Datei (*.csv)"}}));
     QCOMPARE(QString(contentOf(File)).split('\n'),
@@ -478,12 +486,13 @@ void tst_lists::codesAreThoseOfTheList()
     });
     const bool cars = list.tree == Cars.tree;
     const QString proposal = QString(Trickster).replace('/', '-') + ".pdf";
-    QCOMPARE(boxes->questions,
-             (QList<QStringList>{{cars ? "QR Code Liste für Fahrzeuge erstellen ..."
-                                       : "QR Code Liste für alle Fahrer erstellen ...",
-                                  cars ? "QrCodeCarList.pdf" : "QrCodeDriverList.pdf", "PDF-Datei (*.pdf)"},
-                                 {cars ? "QR Code für Fahrzeug erstellen ..." : "QR Code für Fahrer erstellen ...",
-                                  proposal, "PDF-Datei (*.pdf)"}}));
+    QCOMPARE(
+        boxes->questions,
+        (QList<QStringList>{{cars ? "QR Code Liste für Fahrzeuge erstellen ..."
+                                  : "QR Code Liste für alle Fahrer erstellen ...",
+                             cars ? "QrCodeCarList.pdf" : "QrCodeDriverList.pdf", "PDF-Datei (*.pdf)"},
+                            {cars ? "QR Code für Fahrzeug erstellen ..." : "QR Code für Fahrer erstellen ...",
+                             proposal, "PDF-Datei (*.pdf)"}}));
 }
 
 void tst_lists::newRacewayIsThereAtOnce()
@@ -505,9 +514,8 @@ void tst_lists::newRacewayIsThereAtOnce()
     QCOMPARE(m_program->infoText("racewayName"), QString("Testbahn"));
     m_program.reset();
     m_program = std::make_unique<RunningProgram>();
-    inSettings(*m_program, [&](const DialogUser& user, ModalAnswers&) {
-        QCOMPARE(user.rows("racewayTree"), expected);
-    });
+    inSettings(*m_program,
+               [&](const DialogUser& user, ModalAnswers&) { QCOMPARE(user.rows("racewayTree"), expected); });
     QCOMPARE(DatabaseFile().rows(overview), expected);
 }
 
@@ -563,15 +571,14 @@ void tst_lists::deletingARacewayAsks()
             QCOMPARE(user.rows("racewayTree"), expected);
         },
         "cancelButton");
-    QCOMPARE(boxes->questions,
-             (QList<QStringList>{{"Rennstrecke löschen",
-                                  "Sind Sie sicher, dass Sie die Rennstrecke " + Trickster + " löschen möchten?",
-                                  "&Ja", "&Nein"}}));
+    QCOMPARE(boxes->questions, (QList<QStringList>{{"Rennstrecke löschen",
+                                                    "Sind Sie sicher, dass Sie die Rennstrecke " + Trickster +
+                                                        " löschen möchten?",
+                                                    "&Ja", "&Nein"}}));
     QCOMPARE(DatabaseFile().dump() == before, !yes);
     QCOMPARE(DatabaseFile().rows("SELECT id FROM tracks WHERE racewayId = 2").size(), yes ? 0 : 3);
-    inSettings(*m_program, [&](const DialogUser& user, ModalAnswers&) {
-        QCOMPARE(user.rows("racewayTree"), expected);
-    });
+    inSettings(*m_program,
+               [&](const DialogUser& user, ModalAnswers&) { QCOMPARE(user.rows("racewayTree"), expected); });
     QCOMPARE(m_program->infoText("racewayName"), QString("Testbahn"));
 }
 
