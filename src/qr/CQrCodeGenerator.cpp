@@ -46,10 +46,11 @@ CQrCodeGenerator::~CQrCodeGenerator()
 void CQrCodeGenerator::setImageScalePercent(int percent)
 {
     // Required: the division is one of whole numbers, so that 150 percent are 100.
-    m_imageScale = (percent / 100) * m_baseScale;
+    const int hundreds = percent / 100;
+    m_imageScale = hundreds * m_baseScale;
 }
 
-void CQrCodeGenerator::generateCarCodes(QString documentName, const CCarList* carlist)
+void CQrCodeGenerator::generateCarCodes(const QString& documentName, const CCarList* carlist)
 {
     beginDocument(tr("Fahrzeug"), tr("QR Code"));
     for (const CCar& car : carlist->allCars())
@@ -57,14 +58,14 @@ void CQrCodeGenerator::generateCarCodes(QString documentName, const CCarList* ca
     writePdf(documentName);
 }
 
-void CQrCodeGenerator::generateCarCodes(QString documentName, CCar car)
+void CQrCodeGenerator::generateCarCodes(const QString& documentName, const CCar& car)
 {
     beginDocument(tr("Fahrzeug"), tr("QR Code"));
     addCar(car, QString());
     writePdf(documentName);
 }
 
-void CQrCodeGenerator::generateDriverCodes(QString documentName, const CDriverList* driverlist)
+void CQrCodeGenerator::generateDriverCodes(const QString& documentName, const CDriverList* driverlist)
 {
     beginDocument(tr("Fahrer"), tr("QR Code"));
     for (const CDriver& driver : driverlist->allDrivers())
@@ -72,14 +73,14 @@ void CQrCodeGenerator::generateDriverCodes(QString documentName, const CDriverLi
     writePdf(documentName);
 }
 
-void CQrCodeGenerator::generateDriverCodes(QString documentName, CDriver driver)
+void CQrCodeGenerator::generateDriverCodes(const QString& documentName, const CDriver& driver)
 {
     beginDocument(tr("Fahrer"), tr("QR Code"));
     addDriver(driver);
     writePdf(documentName);
 }
 
-void CQrCodeGenerator::writePdf(QString documentName)
+void CQrCodeGenerator::writePdf(const QString& documentName)
 {
     if (documentName.isEmpty())
         return;

@@ -34,14 +34,14 @@ public:
 
 public Q_SLOTS:
     /** @param carlist not owned; all its cars */
-    void generateCarCodes(QString documentName, const CCarList* carlist);
-    void generateCarCodes(QString documentName, CCar car);
+    void generateCarCodes(const QString& documentName, const CCarList* carlist);
+    void generateCarCodes(const QString& documentName, const CCar& car);
     /** @param driverlist not owned; all its drivers */
-    void generateDriverCodes(QString documentName, const CDriverList* driverlist);
-    void generateDriverCodes(QString documentName, CDriver driver);
+    void generateDriverCodes(const QString& documentName, const CDriverList* driverlist);
+    void generateDriverCodes(const QString& documentName, const CDriver& driver);
 
 private Q_SLOTS:
-    void writePdf(QString documentName);
+    void writePdf(const QString& documentName);
 
 private:
     void beginDocument(const QString& subject, const QString& code);

@@ -152,7 +152,7 @@ void CQrCodeReaderDialog::tellProblem(const QString& text)
     QMessageBox::information(nullptr, tr("Kamera Problem"), text, QMessageBox::Ok);
 }
 
-void CQrCodeReaderDialog::publishResult(QString resultString)
+void CQrCodeReaderDialog::publishResult(const QString& resultString)
 {
     if (m_captures > 1)
         return; // read for a window that the user has closed; this one may stand for another track

@@ -41,7 +41,7 @@ Q_SIGNALS:
     void startDetection(QCamera* camera);
 
 private Q_SLOTS:
-    void publishResult(QString resultString);
+    void publishResult(const QString& resultString);
     void applyCameraFromSettings();
 
 private:
