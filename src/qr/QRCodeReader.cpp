@@ -7,6 +7,12 @@
 
 #include <utility>
 
+namespace {
+
+constexpr int Patience = 500; // milliseconds until a picture that was asked for counts as lost
+
+} // namespace
+
 QRCodeReader::QRCodeReader(QObject* parent) : QObject(parent)
 {
     m_decoder.setDecoder(QZXing::DecodeQrCode);
@@ -27,8 +33,8 @@ void QRCodeReader::captureQrCode(QCamera* camera)
     beginCapture(camera);
     // Required: no pause. The pace is the camera's, and the thread is busy as long as the window is open.
     while (isToGoOn()) {
-        if (m_imageCapture->isReadyForCapture())
-            m_imageCapture->capture(QString());
+        if (m_imageCapture->isReadyForCapture() && !isPictureOnItsWay())
+            askForPicture();
         QCoreApplication::processEvents(); // brings the pictures, and stop()
     }
     endCapture();
@@ -40,6 +46,7 @@ void QRCodeReader::beginCapture(QCamera* camera)
 {
     m_stopRequested = false;
     m_lastResult = QString();
+    m_sinceAsked.invalidate();
     m_imageCapture = std::make_unique<QCameraImageCapture>(camera);
     m_imageCapture->setCaptureDestination(QCameraImageCapture::CaptureToBuffer);
     connect(m_imageCapture.get(), &QCameraImageCapture::imageCaptured, this, &QRCodeReader::processImage);
@@ -50,6 +57,21 @@ void QRCodeReader::endCapture()
     m_imageCapture->disconnect(this);
     m_imageCapture.reset();
     Q_EMIT finished();
+}
+
+/**
+ * GStreamer's cameras say that they are ready while they take a picture. Asked for another one they
+ * complain, each time by an event for the main thread, which thousands of them would keep busy.
+ */
+bool QRCodeReader::isPictureOnItsWay() const
+{
+    return m_sinceAsked.isValid() && !m_sinceAsked.hasExpired(Patience);
+}
+
+void QRCodeReader::askForPicture()
+{
+    m_sinceAsked.start();
+    m_imageCapture->capture(QString());
 }
 
 bool QRCodeReader::isToGoOn() const
@@ -72,6 +94,7 @@ void QRCodeReader::dropNextCamera()
 
 void QRCodeReader::processImage(int /*id*/, const QImage& imageToDecode)
 {
+    m_sinceAsked.invalidate();
     const QString text = m_decoder.decodeImage(imageToDecode, -1, -1, false);
     if (text.isEmpty() || text == m_lastResult)
         return;

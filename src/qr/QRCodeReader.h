@@ -3,6 +3,7 @@
 
 #include "qr/QZXing.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 
 #include <atomic>
@@ -43,12 +44,15 @@ private Q_SLOTS:
 private:
     void beginCapture(QCamera* camera);
     void endCapture();
+    bool isPictureOnItsWay() const;
+    void askForPicture();
     bool isToGoOn() const;
     void dropNextCamera();
 
     std::atomic<bool> m_stopRequested{true};
     QZXing m_decoder;
     std::unique_ptr<QCameraImageCapture> m_imageCapture; ///< null outside a capture
+    QElapsedTimer m_sinceAsked;                          ///< invalid when no picture is on its way
     QString m_lastResult;                                ///< the last text told of
     QCamera* m_nextCamera = nullptr;                     ///< not owned; the one that is to follow
 };

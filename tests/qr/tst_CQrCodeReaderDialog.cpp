@@ -7,9 +7,11 @@
 #include "support/TestCameras.h"
 
 #include <QCamera>
+#include <QCameraImageCaptureControl>
 #include <QCameraInfo>
 #include <QCameraViewfinder>
 #include <QGridLayout>
+#include <QMediaService>
 #include <QMessageBox>
 #include <QMetaMethod>
 #include <QSignalSpy>
@@ -143,6 +145,8 @@ private Q_SLOTS:
     void aCameraThatWasMissedIsFoundWhenItIsPluggedInAgain();
     void theCameraIsLeftRunning();
     void aCameraChangedDuringAReadingDoesNoHarm();
+    void aCameraThatIsAlwaysReadyIsAskedForOnePictureAtATime();
+    void aPictureThatGetsLostIsAskedForAgain();
     void theDialogCanGoWhileItReads();
     void decodingRunsOnTheReadersThread();
     void theMainThreadNeverWaitsForADecode();
@@ -370,6 +374,34 @@ void tst_CQrCodeReaderDialog::aCameraChangedDuringAReadingDoesNoHarm()
         fixture.dialog->close();
     });
     QCOMPARE(fixture.readWhile([] {}), QString("<car>zweite"));
+}
+
+void tst_CQrCodeReaderDialog::aCameraThatIsAlwaysReadyIsAskedForOnePictureAtATime()
+{
+    constexpr int Patience = 500; // milliseconds that a picture may take
+    ReaderFixture fixture;
+    fixture.cameras.makeEager("a");
+    const QObject* stills = fixture.camera()->service()->requestControl(QCameraImageCaptureControl_iid);
+    QElapsedTimer clock;
+    clock.start();
+    const QString text = fixture.readWhile([&] {
+        MainThreadWatch::during(200);
+        fixture.cameras.showCode("a", "<drv>Anna");
+    });
+    QCOMPARE(text, QString("<drv>Anna"));
+    const int bothered = stills->property("timesBothered").toInt();
+    QVERIFY2(bothered <= clock.elapsed() / Patience, qPrintable(QString::number(bothered)));
+}
+
+void tst_CQrCodeReaderDialog::aPictureThatGetsLostIsAskedForAgain()
+{
+    ReaderFixture fixture;
+    const QString text = fixture.readWhile([&] {
+        fixture.cameras.losePicture("a");
+        QTRY_VERIFY(!fixture.cameras.isToLosePicture("a"));
+        fixture.cameras.showCode("a", "<drv>Anna");
+    });
+    QCOMPARE(text, QString("<drv>Anna"));
 }
 
 void tst_CQrCodeReaderDialog::theDialogCanGoWhileItReads()

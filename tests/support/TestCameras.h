@@ -29,8 +29,13 @@ public:
     }
     void unplug(const QString& device) { QDir(path(device, QString())).removeRecursively(); }
     /** Lets another program hold the camera. */
-    void lock(const QString& device) { QFile(path(device, "locked")).open(QIODevice::WriteOnly); }
+    void lock(const QString& device) { mark(device, "locked"); }
     void unlock(const QString& device) { QFile::remove(path(device, "locked")); }
+    /** Lets the camera be ready while it takes a picture, too, from its next start on. */
+    void makeEager(const QString& device) { mark(device, "eager"); }
+    /** Lets the camera take one picture that nobody gets. */
+    void losePicture(const QString& device) { mark(device, "loses"); }
+    bool isToLosePicture(const QString& device) const { return QFile::exists(path(device, "loses")); }
 
     /** Lets the camera see a picture from now on. */
     void show(const QString& device, const QImage& picture)
@@ -63,6 +68,10 @@ public:
     }
 
 private:
+    void mark(const QString& device, const QString& file)
+    {
+        QFile(path(device, file)).open(QIODevice::WriteOnly);
+    }
     QString path(const QString& device, const QString& file) const
     {
         return m_directory.filePath(device + "/" + file);

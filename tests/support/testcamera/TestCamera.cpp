@@ -3,6 +3,8 @@
 //   description   its text; without the file the directory's name
 //   picture.png   what stands before it; may be replaced at any time by a rename
 //   locked        while it is there, nobody gets at the camera
+//   eager         if it is there when the camera starts, the camera is ready while it takes a picture, too
+//   loses         the camera takes the next picture for nothing, and this file away
 // A camera whose directory goes away was unplugged.
 
 #include <QAbstractVideoSurface>
@@ -110,7 +112,9 @@ private:
 class TestCameraStills : public QCameraImageCaptureControl
 {
     Q_OBJECT
-    Q_PROPERTY(int timesTurnedTo READ timesTurnedTo) // may be read from any thread
+    // To be read from any thread.
+    Q_PROPERTY(int timesTurnedTo READ timesTurnedTo)
+    Q_PROPERTY(int timesBothered READ timesBothered)
 
 public:
     TestCameraStills(TestCameraDestination* destination, QObject* parent)
@@ -121,25 +125,36 @@ public:
     bool isReadyForCapture() const override
     {
         turnTo();
-        return m_running && m_asked == 0;
+        return m_running && (m_eager || m_asked == 0);
     }
     /** @return how often its user has asked whether it is ready, or left it. */
     int timesTurnedTo() const { return m_timesTurnedTo; }
     void turnTo() const { ++m_timesTurnedTo; }
+    /** @return how often it was asked for a picture while it took one. */
+    int timesBothered() const { return m_timesBothered; }
     QCameraImageCapture::DriveMode driveMode() const override
     {
         return QCameraImageCapture::SingleImageCapture;
     }
     void setDriveMode(QCameraImageCapture::DriveMode) override {}
-    int capture(const QString&) override { return m_asked = ++m_lastId; }
+    int capture(const QString&) override
+    {
+        const int id = ++m_lastId;
+        if (m_asked.exchange(id) != 0)
+            ++m_timesBothered;
+        return id;
+    }
     void cancelCapture() override { m_asked = 0; }
 
-    void setRunning(bool running)
+    void setRunning(bool running, bool eager)
     {
+        m_eager = eager;
         m_running = running;
         m_asked = 0;
         Q_EMIT readyForCaptureChanged(running);
     }
+    /** @return whether there was a picture to lose. */
+    bool lose() { return m_asked.exchange(0) != 0; }
     void take(const QImage& image)
     {
         const int id = m_asked;
@@ -154,6 +169,8 @@ private:
     TestCameraDestination* m_destination;
     mutable std::atomic<int> m_timesTurnedTo{0};
     std::atomic<bool> m_running{false};
+    std::atomic<bool> m_eager{false};
+    std::atomic<int> m_timesBothered{0};
     std::atomic<int> m_asked{0};
     std::atomic<int> m_lastId{0};
 };
@@ -227,25 +244,29 @@ private:
             m_timer.start(Period);
         else
             m_timer.stop();
-        m_stills->setRunning(running && (m_mode & QCamera::CaptureStillImage));
+        m_stills->setRunning(running && (m_mode & QCamera::CaptureStillImage), hasFile("eager"));
         m_status = running ? QCamera::ActiveStatus : QCamera::UnloadedStatus;
         Q_EMIT statusChanged(m_status);
     }
 
+    QString path(const QString& file) const { return cameras().filePath(m_devices->device() + "/" + file); }
+    bool hasFile(const QString& file) const { return QFileInfo::exists(path(file)); }
+
     void nextPicture()
     {
-        const QString directory = cameras().filePath(m_devices->device());
-        if (!QFileInfo::exists(directory)) {
+        if (!hasFile(QString())) {
             setRunning(false);
             Q_EMIT error(QCamera::CameraError, QStringLiteral("no such device"));
             return;
         }
-        const QFileInfo file(directory + "/picture.png");
+        const QFileInfo file(path("picture.png"));
         if (file.exists() && file.lastModified() != m_lastModified) {
             m_lastModified = file.lastModified();
             m_image = QImage(file.filePath());
             m_renderer->show(m_image);
         }
+        if (hasFile("loses") && m_stills->lose())
+            QFile::remove(path("loses"));
         m_stills->take(m_image);
     }
 
