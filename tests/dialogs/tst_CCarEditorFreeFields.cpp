@@ -41,6 +41,7 @@ private Q_SLOTS:
     void storedConfigurationIsAppliedAtEachOpening();
     void acceptedConfigurationIsStoredAndAppliedAtOnce();
     void cancellingTheConfigurationLeavesSettingsAndFormUnchanged();
+    void cancellingTheFirstConfigurationStoresNothing();
     void configurationKeepsWhatIsTypedInTheForm();
     void hidingAFieldKeepsItsTextInTheDatabase();
     void windowGrowsAndShrinksWithTheFields();
@@ -140,6 +141,15 @@ void tst_CCarEditorFreeFields::cancellingTheConfigurationLeavesSettingsAndFormUn
         QCOMPARE(user.value("freeField1").toString(), QString("getippt"));
     });
     QCOMPARE(storedSettings(), before);
+}
+
+void tst_CCarEditorFreeFields::cancellingTheFirstConfigurationStoresNothing()
+{
+    CCarEditorDlg editor;
+    CCar car = porsche();
+    open(editor, EditCar, car,
+         [](const EditorUser& user) { user.configure([](const DialogUser&) {}, "cancelButton"); });
+    QVERIFY(storedSettings().isEmpty());
 }
 
 void tst_CCarEditorFreeFields::configurationKeepsWhatIsTypedInTheForm()
