@@ -49,6 +49,20 @@ QVector<int> levelsBehind(RunningProgram& program, const QVector<int>& laps)
     return levels;
 }
 
+/** Opens the editor of the car of track 1 from the settings, and lets the user work there. */
+void inCarEditor(RunningProgram& program, const std::function<void(const DialogUser&)>& work)
+{
+    inSettings(program, [work](const DialogUser& user, ModalAnswers& answers) {
+        answers.expect([work](QDialog* window) {
+            const DialogUser editor(window);
+            work(editor);
+            editor.press("okButton");
+        });
+        user.selectRow("carTree", 0);
+        user.press("editCar");
+    });
+}
+
 /** Notes how the level of track 1 rises, and when for the first time. */
 class FillingWatch : public QObject
 {
@@ -119,6 +133,8 @@ private Q_SLOTS:
     void lapsConsumeByTheirTime();
     void lapsConsumeWhatTheFunctionSays_data();
     void lapsConsumeWhatTheFunctionSays();
+    void tankOfTheCarEditorIsThatOfTheNextRace();
+    void distanceOfTheCarEditorIsDrivenOn();
     void reserveBeginsBelowItsLevel_data();
     void reserveBeginsBelowItsLevel();
     void refuellingAddsItsAmount_data();
@@ -202,6 +218,55 @@ void tst_effects_fuel::lapsConsumeWhatTheFunctionSays()
     });
     QVERIFY(program.startRace());
     QCOMPARE(levelsBehind(program, {Lap, Lap}), levels);
+}
+
+void tst_effects_fuel::tankOfTheCarEditorIsThatOfTheNextRace()
+{
+    setupWithPower().write();
+    RunningProgram program;
+    inRaceSettings(program, [](const DialogUser& user) { user.enter("fuelFunction1", true); });
+    QVector<int> reserveBehind;
+    int laps = 0;
+    const QObject watch;
+    connect(&program.race(), &CRace::RaceEventHappened, &watch, [&](const CRaceEvent& event) {
+        if (event.type == CRaceEvent::TankOnReserve && event.track == 0)
+            reserveBehind.append(laps);
+    });
+    // The consumption of 5.5 seconds lies in the middle between that of 1 and that of 10 seconds.
+    for (const auto& [greatest, levels] :
+         {std::pair(3, QVector<int>{80, 60, 40}), std::pair(7, QVector<int>{60, 20, 0})}) {
+        inCarEditor(program, [greatest = greatest](const DialogUser& editor) {
+            editor.enter("tankSize", 10);
+            editor.enter("reserveLevel", 5);
+            editor.enter("minUsage", 1);
+            editor.enter("maxUsage", greatest);
+        });
+        QVERIFY(program.startRace());
+        reserveBehind.clear();
+        QVector<int> shown;
+        for (laps = 1; laps <= 3; ++laps)
+            shown += levelsBehind(program, {5500});
+        program.stopRace();
+        QCOMPARE(shown, levels);
+        QCOMPARE(reserveBehind.value(0), greatest == 3 ? 3 : 2);
+    }
+}
+
+void tst_effects_fuel::distanceOfTheCarEditorIsDrivenOn()
+{
+    StoredSetup setup(1);
+    setup.raceway.tracks[0].length = 500;
+    setup.rules.setMonitorDistanceDriven(true);
+    setup.write();
+    RunningProgram program;
+    inCarEditor(program, [](const DialogUser& editor) {
+        editor.press("changeDistance");
+        editor.enter("distanceDriven", "70000");
+    });
+    QVERIFY(program.startRace());
+    program.driveLaps({{Lap, Lap}});
+    program.stopRace();
+    QCOMPARE(CCarList().carAt(0).distanceDriven(), 71000);
 }
 
 void tst_effects_fuel::reserveBeginsBelowItsLevel_data()
