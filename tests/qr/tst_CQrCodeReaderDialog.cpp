@@ -94,6 +94,11 @@ public:
     }
     QCameraViewfinder* viewfinder() const { return dialog->findChild<QCameraViewfinder*>(); }
     QCamera* camera() const { return qobject_cast<QCamera*>(viewfinder()->mediaObject()); }
+    /** @return what the camera tells of how it is asked for pictures. */
+    const QObject* stills() const
+    {
+        return camera()->service()->requestControl(QCameraImageCaptureControl_iid);
+    }
 
     ModalAnswers answers;
     TestCameras cameras;
@@ -139,6 +144,7 @@ private Q_SLOTS:
     void ofTwoCamerasWithOneTextTheLastIsTaken();
     void closedWithoutAReadingAndOpenedAgain();
     void closedAndOpenedAgainAtOnceManyTimes();
+    void closingTheWindowEndsTheCapture();
     void aCameraThatVanishesShowsNoMoreUntilTheWindowIsClosed();
     void aCameraThatIsPluggedInAgainIsFound();
     void anUnusedCameraThatIsUnpluggedIsNotFoundBesideAnotherOne();
@@ -301,6 +307,19 @@ void tst_CQrCodeReaderDialog::closedAndOpenedAgainAtOnceManyTimes()
     QCOMPARE(fixture.read("<drv>Anna"), QString("<drv>Anna"));
 }
 
+void tst_CQrCodeReaderDialog::closingTheWindowEndsTheCapture()
+{
+    ReaderFixture fixture;
+    const QObject* stills = fixture.stills();
+    const auto timesLeft = [stills] { return stills->property("timesLeft").toInt(); };
+    fixture.closeWithoutReading();
+    QTRY_COMPARE(timesLeft(), 1);
+    fixture.readWhile([&] { fixture.dialog->close(); }); // before the reader has begun
+    QTRY_COMPARE(timesLeft(), 2);
+    fixture.read("<drv>Anna");
+    QTRY_COMPARE(timesLeft(), 3);
+}
+
 void tst_CQrCodeReaderDialog::aCameraThatVanishesShowsNoMoreUntilTheWindowIsClosed()
 {
     ReaderFixture fixture;
@@ -381,7 +400,7 @@ void tst_CQrCodeReaderDialog::aCameraThatIsAlwaysReadyIsAskedForOnePictureAtATim
     constexpr int Patience = 500; // milliseconds that a picture may take
     ReaderFixture fixture;
     fixture.cameras.makeEager("a");
-    const QObject* stills = fixture.camera()->service()->requestControl(QCameraImageCaptureControl_iid);
+    const QObject* stills = fixture.stills();
     QElapsedTimer clock;
     clock.start();
     const QString text = fixture.readWhile([&] {

@@ -115,6 +115,7 @@ class TestCameraStills : public QCameraImageCaptureControl
     // To be read from any thread.
     Q_PROPERTY(int timesTurnedTo READ timesTurnedTo)
     Q_PROPERTY(int timesBothered READ timesBothered)
+    Q_PROPERTY(int timesLeft READ timesLeft)
 
 public:
     TestCameraStills(TestCameraDestination* destination, QObject* parent)
@@ -124,12 +125,18 @@ public:
 
     bool isReadyForCapture() const override
     {
-        turnTo();
+        ++m_timesTurnedTo;
         return m_running && (m_eager || m_asked == 0);
     }
     /** @return how often its user has asked whether it is ready, or left it. */
     int timesTurnedTo() const { return m_timesTurnedTo; }
-    void turnTo() const { ++m_timesTurnedTo; }
+    /** Its user has left it. */
+    void leave()
+    {
+        ++m_timesTurnedTo;
+        ++m_timesLeft;
+    }
+    int timesLeft() const { return m_timesLeft; }
     /** @return how often it was asked for a picture while it took one. */
     int timesBothered() const { return m_timesBothered; }
     QCameraImageCapture::DriveMode driveMode() const override
@@ -168,6 +175,7 @@ public:
 private:
     TestCameraDestination* m_destination;
     mutable std::atomic<int> m_timesTurnedTo{0};
+    std::atomic<int> m_timesLeft{0};
     std::atomic<bool> m_running{false};
     std::atomic<bool> m_eager{false};
     std::atomic<int> m_timesBothered{0};
@@ -313,7 +321,7 @@ public:
     void releaseControl(QMediaControl* control) override
     {
         if (control == m_stills)
-            m_stills->turnTo();
+            m_stills->leave();
     }
 
 private:
