@@ -16,6 +16,7 @@
 #include <QCameraViewfinder>
 #include <QComboBox>
 #include <QMessageBox>
+#include <QPointer>
 #include <QToolButton>
 
 namespace {
@@ -305,13 +306,19 @@ void tst_qr_codes::aRaceGoesOnBehindTheWindow()
 void tst_qr_codes::theProgramEndsWithTheWindowOpen()
 {
     Evening evening;
-    evening.read(Qt::Key_1, [&](CQrCodeReaderDialog*) {
+    QPointer<CQrCodeReaderDialog> window;
+    QPointer<QObject> camera;
+    evening.read(Qt::Key_1, [&](CQrCodeReaderDialog* reader) {
+        window = reader;
+        camera = reader->findChild<QCameraViewfinder*>()->mediaObject();
+        QVERIFY(camera);
         MainThreadWatch::during(100);
         qApp->quit();
     });
     evening.answers.reset();
     evening.program.reset();
-    QVERIFY(!evening.program);
+    QVERIFY(!window);
+    QVERIFY(!camera);
 }
 
 QTEST_APPLESS_MAIN(tst_qr_codes)
