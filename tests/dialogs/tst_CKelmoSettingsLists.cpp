@@ -1,29 +1,14 @@
 #include "data/CCarList.h"
 #include "data/CDriverList.h"
 #include "dialogs/SettingsFixture.h"
+#include "support/ListTabs.h"
 
 #include <QLabel>
 
 namespace {
 
-/** What the tab of the cars and that of the drivers differ in. */
-struct ListTab
-{
-    const char* tree;
-    const char* newButton;
-    const char* editButton;
-    const char* deleteButton;
-    const char* importButton;
-    const char* exportButton;
-    const char* codeButton;
-    const char* codesButton;
-    const char* nameField; ///< of the editor
-};
-
-const ListTab Cars{"carTree",    "newCar",    "editCar",     "deleteCar", "importCars",
-                   "exportCars", "qrCodeCar", "qrCodesCars", "carName"};
-const ListTab Drivers{"driverTree",    "newDriver",    "editDriver",     "deleteDriver", "importDrivers",
-                      "exportDrivers", "qrCodeDriver", "qrCodesDrivers", "driverName"};
+using ListTabs::Cars;
+using ListTabs::Drivers;
 
 void addTabs()
 {

@@ -4,6 +4,7 @@
 #include "data/CCarList.h"
 #include "shell/CTrackDisplay.h"
 #include "support/DatabaseFile.h"
+#include "support/ListTabs.h"
 #include "support/SettingsDialogs.h"
 #include "support/StoredSetup.h"
 #include "wizard/WizardDriver.h"
@@ -17,28 +18,16 @@ inline const QString Trickster("Zoe \"die <b>Schnelle</b>\" & %1 %2 O'Hara #7");
 constexpr char File[] = "list.csv";
 constexpr char Codes[] = "codes.pdf";
 
-/** What the list of cars and that of drivers differ in. */
-struct List
+/** What the list of cars and that of drivers differ in: the controls of its tab, and where else it shows. */
+struct List : ListTab
 {
     const char* table;
-    const char* tree;
-    const char* newButton;
-    const char* editButton;
-    const char* deleteButton;
-    const char* importButton;
-    const char* exportButton;
-    const char* codeButton;
-    const char* codesButton;
-    const char* nameField; ///< of the editor
     const char* panelBox;
     const char* tag; ///< of a code
 };
 
-constexpr List Cars{"cars",       "carTree",   "newCar",      "editCar", "deleteCar", "importCars",
-                    "exportCars", "qrCodeCar", "qrCodesCars", "carName", "carBox",    "<car>"};
-constexpr List Drivers{"driver",         "driverTree",    "newDriver",     "editDriver",
-                       "deleteDriver",   "importDrivers", "exportDrivers", "qrCodeDriver",
-                       "qrCodesDrivers", "driverName",    "driverBox",     "<drv>"};
+constexpr List Cars{ListTabs::Cars, "cars", "carBox", "<car>"};
+constexpr List Drivers{ListTabs::Drivers, "driver", "driverBox", "<drv>"};
 
 /** A car with a value of its own in every column. */
 inline CCar zonda()
