@@ -41,12 +41,10 @@ int newestRow(const Records& records)
 
 int newestRow(CRacewayList& raceways)
 {
-    int newest = 0;
-    for (int row = 1; row < raceways.racewayCount(); ++row) {
-        if (raceways.idOfRow(row) > raceways.idOfRow(newest))
-            newest = row;
-    }
-    return newest;
+    QList<int> ids; // each one is a look into the file
+    for (int row = 0, count = raceways.racewayCount(); row < count; ++row)
+        ids << raceways.idOfRow(row);
+    return int(std::max_element(ids.cbegin(), ids.cend()) - ids.cbegin());
 }
 
 QString pdfNameOf(QString name)
