@@ -65,26 +65,32 @@ void CQrCodeReaderDialog::setSettings(const CSettings* settings)
 
 void CQrCodeReaderDialog::applyCameraFromSettings()
 {
-    const QString wanted = m_settings->qrCodeHandlingCamera();
     if (m_camera) {
-        if (QCameraInfo(*m_camera).description() == wanted)
+        if (QCameraInfo(*m_camera).description() == m_settings->qrCodeHandlingCamera())
             return;
         dropCamera();
     }
+    const QCameraInfo camera = configuredCamera();
+    if (!camera.isNull())
+        useCamera(camera);
+}
+
+QCameraInfo CQrCodeReaderDialog::configuredCamera() const
+{
+    const QString wanted = m_settings->qrCodeHandlingCamera();
     if (wanted.isEmpty())
-        return; // without a look at the cameras, which takes its time: most users have none
+        return QCameraInfo(); // without a look at the cameras, which takes its time: most users have none
     const QList<QCameraInfo> cameras = QCameraInfo::availableCameras();
     // Required: of two cameras with the same description the last one is taken.
     const auto found = std::find_if(cameras.rbegin(), cameras.rend(), [&](const QCameraInfo& camera) {
         return camera.description() == wanted;
     });
-    if (found != cameras.rend())
-        useCamera(std::make_unique<QCamera>(*found));
+    return found == cameras.rend() ? QCameraInfo() : *found;
 }
 
-void CQrCodeReaderDialog::useCamera(std::unique_ptr<QCamera> camera)
+void CQrCodeReaderDialog::useCamera(const QCameraInfo& camera)
 {
-    m_camera = std::move(camera);
+    m_camera = std::make_unique<QCamera>(camera);
     m_camera->setCaptureMode(QCamera::CaptureStillImage);
     m_camera->setViewfinder(m_viewfinder);
 }
@@ -115,16 +121,11 @@ void CQrCodeReaderDialog::threadEnded()
 /** A camera that was unplugged is none, and one that was plugged in again is there. */
 void CQrCodeReaderDialog::lookForCamera()
 {
-    const QString wanted = m_settings->qrCodeHandlingCamera();
-    const QList<QCameraInfo> cameras =
-        wanted.isEmpty() ? QList<QCameraInfo>() : QCameraInfo::availableCameras();
-    const bool isThere = std::any_of(cameras.begin(), cameras.end(), [&](const QCameraInfo& camera) {
-        return camera.description() == wanted;
-    });
-    if (m_camera && (!isThere || !m_camera->isAvailable()))
+    const QCameraInfo camera = configuredCamera();
+    if (m_camera && (camera.isNull() || !m_camera->isAvailable()))
         dropCamera();
-    if (!m_camera && isThere)
-        applyCameraFromSettings();
+    if (!m_camera && !camera.isNull())
+        useCamera(camera);
 }
 
 QString CQrCodeReaderDialog::readCode()

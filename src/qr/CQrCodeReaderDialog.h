@@ -8,6 +8,7 @@
 
 class CSettings;
 class QCamera;
+class QCameraInfo;
 class QCameraViewfinder;
 class QGridLayout;
 class QRCodeReader;
@@ -47,7 +48,9 @@ private Q_SLOTS:
 private:
     void createReader();
     void lookForCamera();
-    void useCamera(std::unique_ptr<QCamera> camera);
+    /** @return null if the settings name none, or one that isn't there. */
+    QCameraInfo configuredCamera() const;
+    void useCamera(const QCameraInfo& camera);
     void dropCamera();
     void captureEnded();
     void threadEnded();
