@@ -47,12 +47,12 @@ CCarList::~CCarList()
     m_database->release();
 }
 
-void CCarList::addCar(const CCar& car)
+bool CCarList::addCar(const CCar& car)
 {
     QSqlRecord record = m_tableModel->record();
     writeCar(car, record);
-    m_tableModel->insertRecord(-1, record);
-    submitAll(*m_tableModel);
+    const bool inserted = m_tableModel->insertRecord(-1, record);
+    return submitAll(*m_tableModel) && inserted;
 }
 
 CCar CCarList::carAt(int row) const

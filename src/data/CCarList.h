@@ -34,8 +34,8 @@ public:
     explicit CCarList(QObject* parent = nullptr);
     ~CCarList() override;
 
-    /** Adds a new row, whatever the id of the car. */
-    void addCar(const CCar& car);
+    /** Adds a new row, whatever the id of the car. @return whether the file took it */
+    bool addCar(const CCar& car);
     /** @return the car of a row; a default one, with id -1, for a row that there isn't. */
     CCar carAt(int row) const;
     /** @return the cars of all rows, in order. */

@@ -43,12 +43,12 @@ CDriverList::~CDriverList()
     m_database->release();
 }
 
-void CDriverList::addDriver(const CDriver& driver)
+bool CDriverList::addDriver(const CDriver& driver)
 {
     QSqlRecord record = m_tableModel->record();
     record.setValue(Name, columnText(driver.name()));
-    m_tableModel->insertRecord(-1, record);
-    submitAll(*m_tableModel);
+    const bool inserted = m_tableModel->insertRecord(-1, record);
+    return submitAll(*m_tableModel) && inserted;
 }
 
 CDriver CDriverList::driverAt(int row) const

@@ -29,8 +29,8 @@ public:
     explicit CDriverList(QObject* parent = nullptr);
     ~CDriverList() override;
 
-    /** Adds a new row, whatever the id of the driver. */
-    void addDriver(const CDriver& driver);
+    /** Adds a new row, whatever the id of the driver. @return whether the file took it */
+    bool addDriver(const CDriver& driver);
     /** @return the driver of a row; a default one, with id -1, for a row that there isn't. */
     CDriver driverAt(int row) const;
     /** @return the drivers of all rows, in order. */

@@ -231,7 +231,7 @@ CRaceway CRacewayList::currentRaceway()
     return racewayAt(currentRow());
 }
 
-void CRacewayList::addRaceway(const CRaceway& raceway)
+bool CRacewayList::addRaceway(const CRaceway& raceway)
 {
     const bool added = execBound(
         QStringLiteral(
@@ -243,6 +243,7 @@ void CRacewayList::addRaceway(const CRaceway& raceway)
     // Without a new row the name may find an older raceway, whose tracks must stay as they are.
     if (added)
         insertTracks(newestIdOfName(raceway.name), raceway.tracks, 0);
+    return added;
 }
 
 void CRacewayList::insertTracks(int racewayId, const QList<CRacewayTrack>& tracks, int first)

@@ -47,8 +47,11 @@ public:
     CRaceway racewayAt(int row);
     CRaceway currentRaceway();
 
-    /** Adds a new row, whatever the id of the raceway; the current mark stays where it is. */
-    void addRaceway(const CRaceway& raceway);
+    /**
+     * Adds a new row, whatever the id of the raceway; the current mark stays where it is.
+     * @return whether the file took the row
+     */
+    bool addRaceway(const CRaceway& raceway);
     /** Overwrites a row and its tracks; a row that there isn't is ignored. */
     void updateRaceway(int row, const CRaceway& raceway);
     /** Removes a row with its tracks; a raceway stays, and one is current. */

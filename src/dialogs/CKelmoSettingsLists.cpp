@@ -153,9 +153,7 @@ void CKelmoSettings::vNewRaceway()
     CRacewayWizard wizard(this);
     if (wizard.createRaceway(&raceway) != Accepted)
         return;
-    const int before = m_racewayList->racewayCount();
-    m_racewayList->addRaceway(raceway);
-    const bool added = m_racewayList->racewayCount() > before;
+    const bool added = m_racewayList->addRaceway(raceway);
     showRaceways(added ? newestRow(*m_racewayList) : CListTab::NoRow);
 }
 
@@ -204,9 +202,7 @@ void CKelmoSettings::vNewCar()
     CCar car;
     if (m_carEditor->newCar(&car) != Accepted)
         return;
-    const int before = m_carList->count();
-    m_carList->addCar(car);
-    const bool added = m_carList->count() > before;
+    const bool added = m_carList->addCar(car);
     showCars(added ? newestRow(m_carList->allCars()) : CListTab::NoRow);
 }
 
@@ -283,9 +279,7 @@ void CKelmoSettings::vNewDriver()
     CDriver driver;
     if (m_driverEditor->newDriver(&driver) != Accepted)
         return;
-    const int before = m_driverList->count();
-    m_driverList->addDriver(driver);
-    const bool added = m_driverList->count() > before;
+    const bool added = m_driverList->addDriver(driver);
     showDrivers(added ? newestRow(m_driverList->allDrivers()) : CListTab::NoRow);
 }
 
