@@ -9,21 +9,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace {
-
-constexpr int NameWidth = 256;
-
-} // namespace
-
-CDriverEditorDlg::CDriverEditorDlg(QWidget* parent) : QDialog(parent), m_nameEdit(new QLineEdit(this))
+CDriverEditorDlg::CDriverEditorDlg(QWidget* parent)
+    : QDialog(parent), m_nameEdit(FormParts::nameEdit("driverName", this))
 {
     setObjectName(QStringLiteral("driverEditorDialog"));
     setWindowTitle(tr("Fahrer Editor"));
     setStyleSheet(dialogStyleSheet());
-    m_nameEdit->setObjectName(QStringLiteral("driverName"));
-    m_nameEdit->setMaxLength(120);
-    m_nameEdit->setMaximumWidth(NameWidth);
-    m_nameEdit->setMinimumWidth(NameWidth); // else it is narrower than most names
     auto* ok = FormParts::button<QPushButton>("okButton", tr("&Ok"), this);
     auto* cancel = FormParts::button<QPushButton>("cancelButton", tr("&Abbrechen"), this);
     ok->setDefault(true);

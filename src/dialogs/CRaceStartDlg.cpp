@@ -1,5 +1,6 @@
 #include "dialogs/CRaceStartDlg.h"
 
+#include "dialogs/FormParts.h"
 #include "shell/DialogStyle.h"
 
 #include <QHBoxLayout>
@@ -7,20 +8,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace {
-
-constexpr int NameWidth = 256;
-
-} // namespace
-
-CRaceStartDlg::CRaceStartDlg(QWidget* parent) : QDialog(parent), m_nameEdit(new QLineEdit(this))
+CRaceStartDlg::CRaceStartDlg(QWidget* parent)
+    : QDialog(parent), m_nameEdit(FormParts::nameEdit("raceName", this))
 {
     setObjectName("raceStartDialog");
     setWindowTitle(tr("Wettkampf Rennen"));
-    m_nameEdit->setObjectName("raceName");
-    m_nameEdit->setMaxLength(120);
-    m_nameEdit->setMaximumWidth(NameWidth);
-    m_nameEdit->setMinimumWidth(NameWidth); // else it is narrower than most names
     setStyleSheet(dialogStyleSheet());
 
     auto* startButton = new QPushButton(tr("Rennen &Starten"), this);

@@ -16,6 +16,8 @@ namespace {
 constexpr int SmallestLetters = 8;        ///< pixels
 constexpr int EdgesOfField = 2 * (1 + 2); ///< pixels: the border and what a line edit keeps free
 constexpr int Cursor = 1;
+constexpr int LongestName = 120;
+constexpr int NameWidth = 256;                 ///< pixels
 constexpr int EdgesOfButton = 2 * (1 + 5 + 4); ///< pixels: border, padding and some air
 
 /**
@@ -69,6 +71,15 @@ int wholeWidth(const QPushButton* button)
 {
     const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
     return text.width() + EdgesOfButton;
+}
+
+QLineEdit* nameEdit(const char* name, QWidget* parent)
+{
+    auto* edit = new QLineEdit(parent);
+    edit->setObjectName(QLatin1String(name));
+    edit->setMaxLength(LongestName);
+    edit->setFixedWidth(NameWidth); // else it is narrower than most names
+    return edit;
 }
 
 void setPlaceholder(QLineEdit* edit, const QString& text)

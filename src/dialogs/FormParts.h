@@ -29,6 +29,8 @@ Button* button(const char* name, const QString& text, QWidget* parent)
 }
 
 QLabel* label(const QString& text, QWidget* parent);
+/** Makes the field of a window that asks for a name alone. */
+QLineEdit* nameEdit(const char* name, QWidget* parent);
 /** @return the width that shows a button's text whole: a style sheet's least width lets a layout clip it. */
 int wholeWidth(const QPushButton* button);
 /**
